@@ -10,6 +10,8 @@
 #include <velmora/export.h>
 #include <velmora/libretro.h>
 
+class QByteArray;
+
 namespace velmora {
 
 class SdlAudio;
@@ -112,6 +114,7 @@ private:
         decltype(&::retro_unserialize) retro_unserialize = nullptr;
     };
 
+    bool startCore(const std::filesystem::path& path);
     bool loadSymbols();
     void setCallbacks();
 
@@ -126,11 +129,17 @@ private:
     static void logThunk(retro_log_level level, const char* format, ...);
 
     bool environment(std::uint32_t command, void* data);
+    void adoptTiming(const retro_system_timing& timing);
+    void adoptGeometry(const retro_game_geometry& geometry);
     void registerVariable(const char* key, const char* value);
     void registerLegacyVariables(const retro_variable* list);
     void registerOptionDefinitions(const retro_core_option_definition* list);
     void registerOptionDefinitionsV2(const retro_core_option_v2_definition* list);
+    bool readVariable(retro_variable& variable) const;
+    bool startGame(const std::filesystem::path& path);
     bool loadSram();
+    bool takeState(std::vector<std::uint8_t>& state);
+    bool offerState(const QByteArray& state, std::size_t coreSize);
 
     // The instance that serves the core's callbacks.
     static LibretroHost* active;

@@ -16,6 +16,8 @@ struct SDL_GLContextState;
 
 namespace velmora {
 
+struct HudElement;
+
 // The one window of a play session and all that puts pictures into it.
 //
 // A session runs on one of two paths, and the core alone decides which. Software: `create` opens a
@@ -95,7 +97,8 @@ public:
     // Opens an OpenGL window with the context that `callback` asks for, twice `width` by `height`
     // (at least 320 by 240) window units, gives the core a framebuffer object of at least 640 by
     // 480, and runs the core's context_reset. A window that was open is destroyed. False: no such
-    // context.
+    // context; or asked for by the core's own context_reset or context_destroy, and then what runs
+    // goes on undisturbed.
     bool setupHardware(const retro_hw_render_callback& callback, int width, int height);
 
     // Gives the core's framebuffer a new size, at least 256 by 224 pixels; the same size keeps its
@@ -112,10 +115,8 @@ public:
 
     // --- Overlay and menu: what the user asked for, as action codes ---
     //
-    // -1 is always nothing. 0 to 3: the pause menu's rows. 10 to 19: slot 0 to 9 of a picker. 20:
-    // "Back". 30 pause, 31 quick save, 32 quick load, 33 fullscreen, 35 reset, 36 screenshot, 37
-    // stop, 38 new slot, 39 always on top. 1000 + i: save to slot i; 2000 + i: load slot i. The
-    // library acts on none of them.
+    // The codes stand in velmora/action_codes.h; -1 is always nothing. The library acts on none of
+    // them.
 
     // Hands out a pending left click's position in window units and uses it up. False: none
     // pending, x and y are left alone. Of several clicks only the latest is kept.
@@ -146,24 +147,33 @@ public:
 
 private:
     struct GlFunctions;
-    struct HudDrawing;
 
     bool createGlWindow(const std::string& title, int width, int height);
-    void finishWindow();
+    void showWindow();
+    void destroyPicture();
+    void noteClick(float x, float y);
     void convertRow(const unsigned char* src, unsigned int* dst, unsigned int width);
     void ensureTexture(unsigned int width, unsigned int height);
+    void convertFrame(const unsigned char* data, unsigned int width, unsigned int height,
+                      std::size_t pitch);
+    void noteFrameSize(unsigned int width, unsigned int height);
     void presentSoftware();
     void presentHardware();
+    void blitFrame();
     bool captureSoftware(const std::string& path);
     bool captureHardware(const std::string& path);
     bool createFbo(unsigned int width, unsigned int height);
+    void attachDepthStencil();
     void destroyFbo();
+    void runContextCallback(retro_hw_context_reset_t callback);
     bool loadGlFunctions();
     bool makeCurrent() const;
     void renderHud();
     void renderHudSdl(int w, int h);
+    void composePanel(int x, int y, int w, int h, const HudElement& element);
     void blitRgba(int x, int y, int w, int h, const void* pixels);
     void attachNativeMenu();
+    void buildNativeMenu();
     void rebuildSlotMenus();
     void showNativeMenu(bool show);
     void updateAlwaysOnTopMenu();
@@ -218,6 +228,8 @@ private:
     void* loadMenu = nullptr;
     unsigned int hudTexture = 0;
     unsigned int hudFbo = 0;
+    // The core's context_reset or context_destroy runs.
+    bool inContextCallback = false;
 };
 
 } // namespace velmora

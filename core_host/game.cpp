@@ -1,0 +1,77 @@
+#include <fstream>
+
+#include <velmora/libretro_host.h>
+
+#include "core_host/last_error.h"
+#include "core_host/size_limit.h"
+#include "core_host/utf8_path.h"
+#include "support/no_throw.h"
+
+namespace velmora {
+
+namespace {
+
+bool readGame(const std::filesystem::path& path, std::vector<std::uint8_t>& bytes) {
+    // A directory opens like a file and then reports an endless length; a pipe would be waited for.
+    std::error_code ignored;
+    if (!std::filesystem::is_regular_file(path, ignored))
+        return false;
+    std::ifstream file(path, std::ios::binary);
+    file.seekg(0, std::ios::end);
+    const std::streamoff length = file.tellg();
+    file.seekg(0);
+    if (!file || static_cast<std::uint64_t>(length) > sizeLimit)
+        return false;
+    bytes.resize(static_cast<std::size_t>(length));
+    file.read(reinterpret_cast<char*>(bytes.data()), length);
+    return true;
+}
+
+} // namespace
+
+void LibretroHost::setDirectories(const std::filesystem::path& systemDirectory,
+                                  const std::filesystem::path& saveDirectory) {
+    noThrow([&] {
+        std::string system = pathToUtf8(systemDirectory);
+        saveDir = pathToUtf8(saveDirectory);
+        systemDir = std::move(system);
+    });
+}
+
+bool LibretroHost::loadGame(const std::filesystem::path& path) {
+    const std::lock_guard lock(mutex);
+    if (!coreLoaded)
+        return fail(lastError, {"No core loaded"});
+    if (orFail(lastError, [&] { return startGame(path); }))
+        return true;
+    romData.clear();
+    return false;
+}
+
+bool LibretroHost::startGame(const std::filesystem::path& path) {
+    retro_system_info system = {};
+    core.retro_get_system_info(&system);
+    romPath = path;
+    const std::string utf8Path = pathToUtf8(path);
+    retro_game_info game = {utf8Path.c_str(), nullptr, 0, nullptr};
+    romData.clear();
+    if (!system.need_fullpath) {
+        if (!orElse(false, [&] { return readGame(path, romData); }))
+            return fail(lastError, {"Could not read ROM: ", utf8Path});
+        game.data = romData.data();
+        game.size = romData.size();
+    }
+    if (!core.retro_load_game(&game))
+        return fail(lastError, {"Core rejected ROM: ", utf8Path});
+
+    retro_system_av_info info = {};
+    core.retro_get_system_av_info(&info);
+    adoptTiming(info.timing);
+    adoptGeometry(info.geometry);
+    core.retro_set_controller_port_device(0, RETRO_DEVICE_JOYPAD);
+    gameLoaded = true;
+    loadSram();
+    return true;
+}
+
+} // namespace velmora

@@ -1,0 +1,110 @@
+#include <algorithm>
+
+#include <QDebug>
+#include <QFile>
+#include <QFileInfo>
+
+#include <velmora/libretro_host.h>
+
+#include "core_host/last_error.h"
+#include "core_host/size_limit.h"
+#include "velmora_foundation/paths.h"
+
+namespace velmora {
+
+namespace {
+
+constexpr auto unsupported = "This core does not support save states.";
+
+bool writeState(const std::vector<std::uint8_t>& state, const std::filesystem::path& path,
+                std::string& lastError) {
+    const QString name = paths::fromFs(path);
+    std::error_code ignored;
+    std::filesystem::create_directories(path.parent_path(), ignored);
+    QFile file(name);
+    // Through QFile's own buffer a small state would count as written on a disk that is full.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
+        qWarning() << "Save state write failed" << name << file.errorString();
+        return fail(lastError, {"Could not write save state file."});
+    }
+    const auto size = static_cast<qint64>(state.size());
+    const qint64 written = file.write(reinterpret_cast<const char*>(state.data()), size);
+    file.flush();
+    file.close();
+    if (written != size)
+        return fail(lastError, {"Could not write save state file."});
+    qInfo() << "Saved state" << name << "bytes" << written;
+    return true;
+}
+
+bool readState(const QString& name, QByteArray& state, std::string& lastError) {
+    QFile file(name);
+    if (!QFileInfo(name).isFile() || !file.open(QIODevice::ReadOnly)) {
+        qWarning() << "Save state missing" << name;
+        return fail(lastError, {"Save state not found."});
+    }
+    if (static_cast<std::uint64_t>(file.size()) <= sizeLimit)
+        state = file.readAll();
+    return !state.isEmpty() || fail(lastError, {"Could not read save state file."});
+}
+
+} // namespace
+
+bool LibretroHost::saveState(const std::filesystem::path& path) {
+    const std::lock_guard lock(mutex);
+    if (!gameLoaded || !core.retro_serialize || !core.retro_serialize_size)
+        return fail(lastError, {unsupported});
+    return orFail(lastError, [&] {
+        std::vector<std::uint8_t> state;
+        return takeState(state) && writeState(state, path, lastError);
+    });
+}
+
+bool LibretroHost::takeState(std::vector<std::uint8_t>& state) {
+    const std::size_t size = core.retro_serialize_size();
+    if (size == 0)
+        return fail(lastError, {"Save state size is zero."});
+    if (size > sizeLimit)
+        return fail(lastError, {"Save state size is too large."});
+    state.resize(size);
+    return core.retro_serialize(state.data(), size) ||
+           fail(lastError, {"Core refused to serialize state."});
+}
+
+bool LibretroHost::loadState(const std::filesystem::path& path) {
+    const std::lock_guard lock(mutex);
+    if (!gameLoaded || !core.retro_unserialize)
+        return fail(lastError, {unsupported});
+    return orFail(lastError, [&] {
+        const QString name = paths::fromFs(path);
+        QByteArray state;
+        if (!readState(name, state, lastError))
+            return false;
+        const auto fileSize = static_cast<std::size_t>(state.size());
+        const std::size_t coreSize =
+            core.retro_serialize_size ? core.retro_serialize_size() : fileSize;
+        if (!offerState(state, coreSize)) {
+            qWarning() << "Save state rejected" << name << "file" << fileSize << "core" << coreSize;
+            return fail(lastError, {"Core refused to load this save state."});
+        }
+        qInfo() << "Loaded state" << name << "bytes" << fileSize;
+        return true;
+    });
+}
+
+// A core that has grown or shrunk its state since the file was written may still take the old one
+// in its own size of today.
+bool LibretroHost::offerState(const QByteArray& state, std::size_t coreSize) {
+    const auto fileSize = static_cast<std::size_t>(state.size());
+    if (core.retro_unserialize(state.constData(), fileSize))
+        return true;
+    if (coreSize > fileSize && coreSize <= sizeLimit) {
+        std::vector<std::uint8_t> padded(coreSize);
+        std::copy(state.begin(), state.end(), padded.begin());
+        return core.retro_unserialize(padded.data(), coreSize);
+    }
+    return coreSize != 0 && coreSize < fileSize &&
+           core.retro_unserialize(state.constData(), coreSize);
+}
+
+} // namespace velmora

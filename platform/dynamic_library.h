@@ -1,0 +1,18 @@
+#pragma once
+
+#include <filesystem>
+
+// Opening code at run time, the way the system does it.
+namespace velmora::platform {
+
+// Opens the module at exactly `path`; a relative path counts from the current directory and is
+// never searched for. Null when that fails.
+void* openLibrary(const std::filesystem::path& path);
+
+// The address of an exported symbol, or null.
+void* findSymbol(void* library, const char* name);
+
+// Closes what openLibrary gave.
+void closeLibrary(void* library);
+
+} // namespace velmora::platform

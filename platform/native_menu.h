@@ -1,0 +1,46 @@
+#pragma once
+
+#include <string>
+
+struct SDL_Window;
+
+// Menus the way the system does them. A handle is a menu or a bar; null is taken everywhere and
+// does nothing. Nothing throws, and a step that the system refuses goes unnoticed. Labels are
+// UTF-8; what follows a tab character is the accelerator column.
+namespace velmora::platform {
+
+// What the system reports: the id of a chosen item, and the handle of a popup about to open. Called
+// on the thread that owns the window, while events are pumped.
+struct MenuEvents {
+    void (*command)(int id);
+    void (*popupOpens)(void* menu);
+};
+
+void* createMenuBar() noexcept;
+void* createPopupMenu() noexcept;
+
+// Destroys a menu with every submenu in it.
+void destroyMenu(void* menu) noexcept;
+
+// Each adds at the end. `appendSubmenu` hands `submenu` over to `menu`.
+void appendItem(void* menu, int id, const std::string& label, bool enabled) noexcept;
+void appendSubmenu(void* menu, void* submenu, const std::string& label) noexcept;
+void appendSeparator(void* menu) noexcept;
+
+int itemCount(void* menu) noexcept;
+
+// False when nothing was removed. Not for a submenu.
+bool removeFirstItem(void* menu) noexcept;
+
+// The check mark of the item with the id.
+void checkItem(void* menu, int id, bool checked) noexcept;
+
+// Puts the bar on the window; null takes the present one off. The bar goes on existing.
+void attachToWindow(SDL_Window* window, void* bar) noexcept;
+
+// Lets the window's menu messages reach `events`, until they are removed. The process has one
+// receiver: the newest.
+void installMessageHandling(SDL_Window* window, const MenuEvents& events) noexcept;
+void removeMessageHandling(SDL_Window* window) noexcept;
+
+} // namespace velmora::platform

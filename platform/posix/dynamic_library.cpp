@@ -1,0 +1,21 @@
+#include "platform/dynamic_library.h"
+
+#include <dlfcn.h>
+
+namespace velmora::platform {
+
+void* openLibrary(const std::filesystem::path& path) {
+    // dlopen looks a name without a slash up in the loader's directories.
+    const auto exact = path.has_parent_path() ? path : "." / path;
+    // A pipe of that name would keep dlopen waiting for its other end.
+    std::error_code ignored;
+    if (!std::filesystem::is_regular_file(exact, ignored))
+        return nullptr;
+    return dlopen(exact.c_str(), RTLD_NOW | RTLD_LOCAL);
+}
+
+void* findSymbol(void* library, const char* name) { return dlsym(library, name); }
+
+void closeLibrary(void* library) { dlclose(library); }
+
+} // namespace velmora::platform

@@ -1,0 +1,88 @@
+#include "platform/native_menu.h"
+
+#include <SDL3/SDL_properties.h>
+#include <SDL3/SDL_video.h>
+
+#include <memory>
+
+#include <velmora/play_menu.h>
+
+#include "support/no_throw.h"
+
+namespace velmora::platform {
+namespace {
+
+using Kind = PlayMenuItem::Kind;
+
+PlayMenu* asMenu(void* menu) { return static_cast<PlayMenu*>(menu); }
+
+// More than the fixed items, so that hanging a popup into its parent finds room and cannot fail.
+constexpr std::size_t startingRoom = 16;
+
+void* createMenu() noexcept {
+    return orElse<void*>(nullptr, [] {
+        auto menu = std::make_unique<PlayMenu>();
+        menu->items.reserve(startingRoom);
+        return menu.release();
+    });
+}
+
+void append(void* menu, Kind kind, int id, const std::string& label, bool enabled,
+            PlayMenu* submenu) noexcept {
+    if (!menu)
+        return;
+    noThrow([&] {
+        asMenu(menu)->items.push_back({kind, id, label, enabled, false, nullptr});
+        asMenu(menu)->items.back().submenu.reset(submenu);
+    });
+}
+
+} // namespace
+
+void* createMenuBar() noexcept { return createMenu(); }
+
+void* createPopupMenu() noexcept { return createMenu(); }
+
+void destroyMenu(void* menu) noexcept { delete asMenu(menu); }
+
+void appendItem(void* menu, int id, const std::string& label, bool enabled) noexcept {
+    append(menu, Kind::item, id, label, enabled, nullptr);
+}
+
+void appendSubmenu(void* menu, void* submenu, const std::string& label) noexcept {
+    append(menu, Kind::submenu, 0, label, true, asMenu(submenu));
+}
+
+void appendSeparator(void* menu) noexcept { append(menu, Kind::separator, 0, {}, true, nullptr); }
+
+int itemCount(void* menu) noexcept {
+    return menu ? static_cast<int>(asMenu(menu)->items.size()) : 0;
+}
+
+bool removeFirstItem(void* menu) noexcept {
+    if (itemCount(menu) == 0)
+        return false;
+    asMenu(menu)->items.erase(asMenu(menu)->items.begin());
+    return true;
+}
+
+void checkItem(void* menu, int id, bool checked) noexcept {
+    if (!menu)
+        return;
+    for (PlayMenuItem& item : asMenu(menu)->items) {
+        if (item.kind == Kind::item && item.id == id)
+            item.checked = checked;
+    }
+}
+
+void attachToWindow(SDL_Window* window, void* bar) noexcept {
+    SDL_SetPointerProperty(SDL_GetWindowProperties(window), playMenuProperty, bar);
+}
+
+// No messages come from a menu that the frontend shows itself: it calls SdlVideo::onInitMenuPopup
+// and SdlVideo::onNativeMenu.
+void installMessageHandling(SDL_Window*, const MenuEvents&) noexcept {}
+
+void removeMessageHandling(SDL_Window*) noexcept {}
+
+} // namespace velmora::platform

@@ -1,0 +1,29 @@
+#include "platform/dynamic_library.h"
+
+#define WIN32_LEAN_AND_MEAN
+#define NOMINMAX
+#include <windows.h>
+
+namespace velmora::platform {
+
+void* openLibrary(const std::filesystem::path& path) {
+    // Only a full path with backslashes keeps LoadLibraryW from searching.
+    std::error_code error;
+    const auto exact = std::filesystem::absolute(path, error).make_preferred();
+    if (error)
+        return nullptr;
+    // A file that is no module is a failure to report, not a dialog to wait for.
+    DWORD oldMode = 0;
+    SetThreadErrorMode(SEM_FAILCRITICALERRORS, &oldMode);
+    const HMODULE library = LoadLibraryW(exact.c_str());
+    SetThreadErrorMode(oldMode, nullptr);
+    return library;
+}
+
+void* findSymbol(void* library, const char* name) {
+    return reinterpret_cast<void*>(GetProcAddress(static_cast<HMODULE>(library), name));
+}
+
+void closeLibrary(void* library) { FreeLibrary(static_cast<HMODULE>(library)); }
+
+} // namespace velmora::platform

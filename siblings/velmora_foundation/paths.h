@@ -1,0 +1,13 @@
+#pragma once
+
+#include <filesystem>
+
+#include <QString>
+
+// A stand-in for VelmoraFoundation, as far as VelmoraHost needs it.
+namespace velmora::paths {
+
+// The path as Qt writes paths: Unicode with forward slashes.
+QString fromFs(const std::filesystem::path& path);
+
+} // namespace velmora::paths
