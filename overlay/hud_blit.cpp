@@ -1,0 +1,36 @@
+#include <velmora/sdl_video.h>
+
+#include <SDL3/SDL_video.h>
+
+#include "video/gl_functions.h"
+
+namespace velmora {
+
+void SdlVideo::blitRgba(int x, int y, int w, int h, const void* pixels) {
+    if (!makeCurrent() || !gl.glGenTextures || !gl.glTexImage2D || !gl.glBlitFramebuffer)
+        return;
+    if (!hudTexture)
+        gl.glGenTextures(1, &hudTexture);
+    if (!hudFbo)
+        gl.glGenFramebuffers(1, &hudFbo);
+
+    gl.glBindTexture(GL_TEXTURE_2D, hudTexture);
+    gl.glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
+    gl.glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
+    gl.glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA8, w, h, 0, GL_RGBA, GL_UNSIGNED_BYTE, pixels);
+
+    gl.glBindFramebuffer(GL_READ_FRAMEBUFFER, hudFbo);
+    gl.glFramebufferTexture2D(GL_READ_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, hudTexture,
+                              0);
+    gl.glBindFramebuffer(GL_DRAW_FRAMEBUFFER, 0);
+
+    int windowWidth = 0;
+    int windowHeight = 0;
+    SDL_GetWindowSizeInPixels(window, &windowWidth, &windowHeight);
+    // The destination runs downward: the surface's rows are top first, GL's bottom first.
+    gl.glBlitFramebuffer(0, 0, w, h, x, windowHeight - y, x + w, windowHeight - y - h,
+                         GL_COLOR_BUFFER_BIT, GL_NEAREST);
+    gl.glBindFramebuffer(GL_FRAMEBUFFER, 0);
+}
+
+} // namespace velmora

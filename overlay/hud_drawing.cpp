@@ -1,0 +1,82 @@
+#include <velmora/sdl_video.h>
+
+#include <SDL3/SDL_render.h>
+#include <SDL3/SDL_surface.h>
+#include <SDL3/SDL_video.h>
+
+#include <memory>
+#include <utility>
+
+#include "overlay/hud_elements.h"
+#include "support/no_throw.h"
+
+namespace velmora {
+namespace {
+
+struct SurfaceDeleter {
+    void operator()(SDL_Surface* surface) const { SDL_DestroySurface(surface); }
+};
+
+struct RendererDeleter {
+    void operator()(SDL_Renderer* renderer) const { SDL_DestroyRenderer(renderer); }
+};
+
+// False when the memory for it is not to be had; nothing of the element is drawn then.
+bool drawElement(const HudElement& element, const HudCanvas& canvas, const PlayHud& hud) {
+    return orElse(false, [&] {
+        element.draw(canvas, hud);
+        return true;
+    });
+}
+
+} // namespace
+
+void SdlVideo::renderHud() {
+    if (!window || (!hud.showMessage && !hud.showVolume && !hud.menuOpen))
+        return;
+    int w = 0;
+    int h = 0;
+    if (!hardware) {
+        SDL_GetWindowSize(window, &w, &h);
+        renderHudSdl(w, h);
+        return;
+    }
+    SDL_GetWindowSizeInPixels(window, &w, &h);
+    for (const HudElement& element : hudElements()) {
+        if (!element.visible(hud))
+            continue;
+        const hud_layout::Rect place = element.place(w, h);
+        composePanel(place.x, place.y, place.w, place.h, element);
+    }
+}
+
+void SdlVideo::renderHudSdl(int w, int h) {
+    SDL_SetRenderDrawBlendMode(renderer, SDL_BLENDMODE_BLEND);
+    for (const HudElement& element : hudElements()) {
+        if (!element.visible(hud))
+            continue;
+        if (element.dims)
+            fillRect({renderer, {0, 0, w, h}, true}, {0, 0, w, h}, hud_layout::dimming);
+        drawElement(element, {renderer, element.place(w, h), true}, hud);
+    }
+    SDL_SetRenderDrawBlendMode(renderer, SDL_BLENDMODE_NONE);
+}
+
+void SdlVideo::composePanel(int x, int y, int w, int h, const HudElement& element) {
+    const std::unique_ptr<SDL_Surface, SurfaceDeleter> surface(
+        SDL_CreateSurface(w, h, SDL_PIXELFORMAT_RGBA32));
+    if (!surface)
+        return;
+    const std::unique_ptr<SDL_Renderer, RendererDeleter> painter(
+        SDL_CreateSoftwareRenderer(surface.get()));
+    if (!painter)
+        return;
+    SDL_Renderer* const windowRenderer = std::exchange(renderer, painter.get());
+    const bool drawn = drawElement(element, {renderer, {0, 0, w, h}, false}, hud);
+    SDL_RenderPresent(painter.get());
+    renderer = windowRenderer;
+    if (drawn)
+        blitRgba(x, y, w, h, surface->pixels);
+}
+
+} // namespace velmora
