@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QSettings>
+#include <QString>
+#include <QStringList>
+
+#include <velmora/settings_keys.h>
+
+namespace velmora {
+
+// The application's settings store. Every operation opens it for itself and holds nothing of it
+// afterwards, so that the page and a running game meet in the store alone.
+inline QSettings openStore() { return QSettings(settingskeys::org(), settingskeys::app()); }
+
+// The stored keys that start with `prefix`.
+inline QStringList keysUnder(const QSettings& store, const QString& prefix) {
+    QStringList keys = store.allKeys();
+    keys.removeIf([&prefix](const QString& key) { return !key.startsWith(prefix); });
+    return keys;
+}
+
+} // namespace velmora
