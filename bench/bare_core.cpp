@@ -1,0 +1,74 @@
+#include "bare_core.h"
+
+#include <SDL3/SDL_loadso.h>
+
+#include "support/scratch_directory.h"
+
+namespace velmora::bench {
+namespace {
+
+bool environment(unsigned command, void* data) {
+    if (command == RETRO_ENVIRONMENT_SET_PIXEL_FORMAT)
+        return true;
+    if (command == RETRO_ENVIRONMENT_GET_VARIABLE_UPDATE) {
+        *static_cast<bool*>(data) = false;
+        return true;
+    }
+    return false;
+}
+void video(const void*, unsigned, unsigned, std::size_t) {}
+void sample(std::int16_t, std::int16_t) {}
+std::size_t batch(const std::int16_t*, std::size_t frames) { return frames; }
+void poll() {}
+std::int16_t state(unsigned, unsigned, unsigned, unsigned) { return 0; }
+
+} // namespace
+
+template <class Function>
+Function BareCore::bind(Function, const char* name) const {
+    return reinterpret_cast<Function>(SDL_LoadFunction(module, name));
+}
+
+#define VELMORA_BIND(name) bind(static_cast<decltype(&::name)>(nullptr), #name)
+
+BareCore::BareCore(const std::filesystem::path& path, const std::filesystem::path& scratch,
+                   const std::filesystem::path& game) {
+    const std::filesystem::path copy = scratch / ("bare_" + path.filename().string());
+    std::error_code failure;
+    std::filesystem::copy_file(path, copy, std::filesystem::copy_options::overwrite_existing,
+                               failure);
+    if (failure)
+        return;
+    module = SDL_LoadObject(copy.string().c_str());
+    started = module != nullptr && start(game);
+}
+
+bool BareCore::start(const std::filesystem::path& game) {
+    VELMORA_BIND(retro_set_environment)(environment);
+    VELMORA_BIND(retro_set_video_refresh)(video);
+    VELMORA_BIND(retro_set_audio_sample)(sample);
+    VELMORA_BIND(retro_set_audio_sample_batch)(batch);
+    VELMORA_BIND(retro_set_input_poll)(poll);
+    VELMORA_BIND(retro_set_input_state)(state);
+    VELMORA_BIND(retro_init)();
+    entryRun = VELMORA_BIND(retro_run);
+    entryStateSize = VELMORA_BIND(retro_serialize_size);
+    entrySerialize = VELMORA_BIND(retro_serialize);
+    entryUnserialize = VELMORA_BIND(retro_unserialize);
+
+    bytes = test::readFile(game);
+    const std::string path = game.string();
+    const retro_game_info info{path.c_str(), bytes.data(), bytes.size(), nullptr};
+    return VELMORA_BIND(retro_load_game)(&info);
+}
+
+BareCore::~BareCore() {
+    if (module == nullptr)
+        return;
+    if (started)
+        VELMORA_BIND(retro_unload_game)();
+    VELMORA_BIND(retro_deinit)();
+    SDL_UnloadObject(module);
+}
+
+} // namespace velmora::bench

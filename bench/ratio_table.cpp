@@ -1,0 +1,94 @@
+#include "ratio_table.h"
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <map>
+#include <vector>
+
+namespace velmora::bench {
+namespace {
+
+std::vector<Ratio>& table() {
+    static std::vector<Ratio> rows;
+    return rows;
+}
+
+// Keeps the shortest of a benchmark's repetitions: what disturbs a run only ever makes it longer.
+class ShortestTimes : public benchmark::ConsoleReporter {
+public:
+    void ReportRuns(const std::vector<Run>& runs) override {
+        for (const Run& run : runs) {
+            if (run.run_type == Run::RT_Iteration && !run.error_occurred)
+                keep(run);
+        }
+    }
+
+    bool has(const Ratio& row) const {
+        return nanoseconds.contains(row.measured) && nanoseconds.contains(row.against);
+    }
+
+    double valueOf(const Ratio& row) const {
+        const double measured = nanoseconds.at(row.measured);
+        const double against = nanoseconds.at(row.against);
+        switch (row.aim) {
+        case Aim::SpeedAtLeast:
+            return against / measured;
+        case Aim::CostAtMost:
+            return measured / against;
+        case Aim::NanosecondsEach:
+            break;
+        }
+        return (measured - against) / row.value;
+    }
+
+    void printTimes() const {
+        for (const auto& [name, time] : nanoseconds)
+            std::printf("%-48s %14.1f ns\n", name.c_str(), time);
+    }
+
+private:
+    void keep(const Run& run) {
+        const double seconds = run.real_accumulated_time / static_cast<double>(run.iterations);
+        const auto [place, fresh] = nanoseconds.try_emplace(
+            run.run_name.function_name + (run.run_name.args.empty() ? "" : "/") + run.run_name.args,
+            seconds * 1e9);
+        if (!fresh)
+            place->second = std::min(place->second, seconds * 1e9);
+    }
+
+    std::map<std::string, double> nanoseconds;
+};
+
+void printRow(const Ratio& row, double value) {
+    if (row.aim == Aim::NanosecondsEach) {
+        std::printf("%-62s %9.1f ns\n", row.label.c_str(), value);
+        return;
+    }
+    const bool met = row.aim == Aim::SpeedAtLeast ? value >= row.value : value <= row.value;
+    std::printf("%-62s %9.3f  %s %.2f%s\n", row.label.c_str(), value,
+                row.aim == Aim::SpeedAtLeast ? "at least" : "at most ", row.value,
+                met ? "" : "  MISSED");
+}
+
+} // namespace
+
+void addRatio(Ratio ratio) { table().push_back(std::move(ratio)); }
+
+int runAndReport(int argc, char** argv) {
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return 2;
+    ShortestTimes times;
+    benchmark::RunSpecifiedBenchmarks(&times);
+    times.printTimes();
+    std::printf("\n");
+    for (const Ratio& row : table()) {
+        if (times.has(row))
+            printRow(row, times.valueOf(row));
+    }
+    return 0;
+}
+
+} // namespace velmora::bench
