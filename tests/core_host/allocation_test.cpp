@@ -1,0 +1,160 @@
+#include <array>
+#include <atomic>
+#include <cstdlib>
+#include <new>
+
+#include <velmora/sdl_audio.h>
+#include <velmora/sdl_input.h>
+#include <velmora/sdl_video.h>
+
+#include "core_host/host_test.h"
+
+namespace {
+
+// Counts the program's C++ allocations; those from `failFrom` to `failTo` find no memory.
+struct {
+    std::atomic<long> count = 0;
+    std::atomic<long> failFrom = -1;
+    std::atomic<long> failTo = -1;
+    std::atomic<bool> failed = false;
+} allocations;
+
+} // namespace
+
+void* operator new(std::size_t size) {
+    const long number = allocations.count++;
+    if (number >= allocations.failFrom && number <= allocations.failTo) {
+        allocations.failed = true;
+        throw std::bad_alloc();
+    }
+    if (void* memory = std::malloc(size ? size : 1))
+        return memory;
+    throw std::bad_alloc();
+}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return std::malloc(size); }
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+
+namespace velmora::test {
+
+class Allocation : public HostTest {
+protected:
+    // Does `work` again and again, with the n-th allocation of each armed part failing, alone or
+    // with all that follow, until no part has that many.
+    template <class Work>
+    static void failEach(Work&& work) {
+        for (const long following : {0L, 1000000L}) {
+            long n = 0;
+            do {
+                allocations.failed = false;
+                work([&](auto&& part) {
+                    allocations.count = 0;
+                    allocations.failTo = n + following;
+                    allocations.failFrom = n;
+                    const bool result = part();
+                    allocations.failFrom = allocations.failTo = -1;
+                    return result;
+                });
+            } while (allocations.failed && ++n < 10000);
+            EXPECT_GT(n, 3);
+        }
+    }
+};
+
+TEST_F(Allocation, FailureIsReportedAndTheHostStaysUsable) {
+    const auto quiet = qInstallMessageHandler([](auto, const auto&, const auto&) {});
+    const auto directory = scratch / "a directory with a name that needs memory of its own";
+    std::filesystem::create_directory(directory);
+    const auto longGame = directory / "a game.bin";
+    const auto missing = directory / "missing";
+    const auto state = directory / "state";
+    writeFile(longGame, std::string(5000, 'g'));
+    std::string memory = "12345678";
+    core->save_ram = memory.data();
+    core->save_ram_size = memory.size();
+    core->state_size = 5000;
+    std::vector<retro_variable> options(200);
+    for (auto& option : options)
+        option = {"an option with a key that needs memory of its own",
+                  "; and a value that needs memory of its own"};
+    options.back() = {};
+
+    failEach([&](const auto& armed) {
+        LibretroHost instance;
+        const auto attempt = [&](auto&& operation) {
+            instance.lastError.clear();
+            const bool done = armed(operation);
+            EXPECT_EQ(done, instance.lastError.empty());
+            return done;
+        };
+        // What failed for lack of memory works at once when there is some.
+        const auto insist = [&](auto&& operation) { return attempt(operation) || operation(); };
+        const auto setDirectories = [&] {
+            instance.setDirectories(directory, directory);
+            return true;
+        };
+        const auto setOptions = [&] {
+            return core->environment(RETRO_ENVIRONMENT_SET_VARIABLES, options.data());
+        };
+        const auto end = [&] {
+            instance.persistSram();
+            instance.unload();
+            return true;
+        };
+        EXPECT_TRUE(insist(setDirectories));
+        EXPECT_FALSE(attempt([&] { return instance.loadCore(directory); }));
+        ASSERT_TRUE(insist([&] { return instance.loadCore(core.path); }));
+        EXPECT_TRUE(armed(setOptions) || setOptions());
+        EXPECT_FALSE(attempt([&] { return instance.loadGame(missing); }));
+        ASSERT_TRUE(insist([&] { return instance.loadGame(longGame); }));
+        EXPECT_TRUE(insist([&] { return instance.saveState(state); }));
+        EXPECT_TRUE(insist([&] { return instance.loadState(state); }));
+        core->reject_state = true;
+        EXPECT_FALSE(attempt([&] { return instance.loadState(state); }));
+        core->reject_state = false;
+        EXPECT_TRUE(insist(end));
+        EXPECT_FALSE(instance.loadGame(longGame));
+    });
+    qInstallMessageHandler(quiet);
+}
+
+TEST_F(Allocation, NoneOnTheFramePathOnceWarm) {
+    // Leaves SDL its software renderer: a GL driver allocates in the same program as it pleases.
+    SDL_SetHint(SDL_HINT_OPENGL_LIBRARY, "none");
+    SDL_SetHint(SDL_HINT_EGL_LIBRARY, "none");
+    ASSERT_TRUE(SDL_Init(SDL_INIT_VIDEO | SDL_INIT_AUDIO)) << SDL_GetError();
+    SdlVideo video;
+    SdlAudio audio;
+    SdlInput input;
+    host.video = &video;
+    host.audio = &audio;
+    host.input = &input;
+    std::vector<std::uint16_t> pixels(256 * 224, 0x1234);
+    std::array<std::int16_t, 1600> samples = {};
+    core.on("retro_run", [&] {
+        bool updated = true;
+        core->environment(RETRO_ENVIRONMENT_GET_VARIABLE_UPDATE, &updated);
+        core->video_refresh(pixels.data(), 256, 224, 512);
+        core->audio_sample_batch(samples.data(), samples.size() / 2);
+        core->audio_sample(1, 2);
+        core->input_state(0, RETRO_DEVICE_JOYPAD, 0, RETRO_DEVICE_ID_JOYPAD_MASK);
+    });
+    start();
+    ASSERT_TRUE(video.create("Probe", 256, 224)) << SDL_GetError();
+    ASSERT_TRUE(audio.open(48000)) << SDL_GetError();
+    audio.setGain(0.5F);
+    const auto play = [&](int frames) {
+        for (bool quit = false; frames > 0 && !quit; --frames) {
+            video.pumpEvents(quit);
+            host.runFrame();
+            video.present();
+        }
+    };
+    play(10);
+    allocations.count = 0;
+    play(300);
+    EXPECT_EQ(allocations.count, 0);
+    video.destroy();
+}
+
+} // namespace velmora::test

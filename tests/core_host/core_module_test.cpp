@@ -1,0 +1,216 @@
+#include <array>
+#include <cstdlib>
+
+#include "core_host/host_test.h"
+
+namespace velmora::test {
+
+using CoreModule = HostTest;
+
+TEST_F(CoreModule, EntersTheCoreInOrderFromLoadToUnload) {
+    std::array<char, 4> memory = {};
+    core->save_ram = memory.data();
+    core->save_ram_size = memory.size();
+    host.setDirectories(scratch.path(), scratch.path());
+    core.on("retro_init", [&] { core->environment(RETRO_ENVIRONMENT_SHUTDOWN, nullptr); });
+    int answersAtTheEnd = 0;
+    for (const char* entry : {"retro_unload_game", "retro_deinit"})
+        core.on(entry, [&] {
+            answersAtTheEnd += core->environment(RETRO_ENVIRONMENT_SET_MESSAGE, nullptr);
+        });
+
+    host.runFrame();
+    EXPECT_EQ(core.takeCalls(), Lines{});
+    ASSERT_TRUE(host.loadCore(core.path));
+    host.runFrame();
+    host.reset();
+    EXPECT_EQ(core.takeCalls(),
+              (Lines{"retro_api_version", "retro_set_environment", "retro_set_video_refresh",
+                     "retro_set_audio_sample", "retro_set_audio_sample_batch",
+                     "retro_set_input_poll", "retro_set_input_state", "retro_init"}));
+    EXPECT_TRUE(host.shutdownRequested);
+    ASSERT_TRUE(host.loadGame(game));
+    EXPECT_EQ(core.takeCalls(),
+              (Lines{"retro_get_system_info", "retro_load_game", "retro_get_system_av_info",
+                     "retro_set_controller_port_device", "retro_get_memory_size",
+                     "retro_get_memory_data"}));
+    EXPECT_EQ(core->port, 0U);
+    EXPECT_EQ(core->device, static_cast<unsigned>(RETRO_DEVICE_JOYPAD));
+    host.runFrame();
+    host.reset();
+    EXPECT_EQ(core.takeCalls(), (Lines{"retro_run", "retro_reset"}));
+    host.unload();
+    EXPECT_EQ(answersAtTheEnd, 2);
+    EXPECT_FALSE(host.shutdownRequested);
+    host.unload();
+    host.runFrame();
+    EXPECT_EQ(core.takeCalls(), (Lines{"retro_get_memory_size", "retro_get_memory_data",
+                                       "retro_unload_game", "retro_deinit"}));
+}
+
+TEST_F(CoreModule, RefusesAPathThatIsNoModuleAndEndsTheRunningGame) {
+    writeFile(scratch / "text.so", "not a module");
+    const auto missing = scratch.path() / u8"нет" / u8"核.so";
+    for (const auto& path :
+         {missing, scratch.path(), scratch / "text.so", std::filesystem::path()}) {
+        start();
+        core.takeCalls();
+        EXPECT_FALSE(host.loadCore(path));
+        EXPECT_EQ(host.lastError,
+                  "Could not load core: " + utf8(path) + " (LoadLibrary/GetProcAddress failed)");
+        EXPECT_EQ(core.takeCalls(), (Lines{"retro_get_memory_size", "retro_get_memory_data",
+                                           "retro_unload_game", "retro_deinit"}));
+    }
+}
+
+TEST_F(CoreModule, NamesTheMissingSymbolAndClosesTheModule) {
+    for (const char* symbol :
+         {"retro_set_environment", "retro_set_video_refresh", "retro_set_audio_sample",
+          "retro_set_audio_sample_batch", "retro_set_input_poll", "retro_set_input_state",
+          "retro_init", "retro_deinit", "retro_api_version", "retro_get_system_info",
+          "retro_get_system_av_info", "retro_set_controller_port_device", "retro_reset",
+          "retro_run", "retro_load_game", "retro_unload_game", "retro_get_memory_data",
+          "retro_get_memory_size"}) {
+        const std::string name = std::string("probe_without_") + symbol;
+        {
+            ProbeCore broken(name);
+            EXPECT_FALSE(host.loadCore(broken.path));
+            EXPECT_EQ(host.lastError, std::string("Missing symbol: ") + symbol);
+            EXPECT_EQ(broken.takeCalls(), Lines{});
+        }
+        EXPECT_FALSE(ProbeCore(name).wasOpen) << name;
+    }
+    for (const char* symbol : {"retro_serialize_size", "retro_serialize", "retro_unserialize"}) {
+        const std::string name = std::string("probe_without_") + symbol;
+        EXPECT_TRUE(host.loadCore(ProbeCore::pathOf(name))) << host.lastError;
+        EXPECT_TRUE(host.loadGame(game));
+        host.unload();
+        EXPECT_FALSE(ProbeCore(name).wasOpen) << name;
+    }
+}
+
+TEST_F(CoreModule, RefusesAnotherApiVersion) {
+    for (const unsigned version : {0U, 2U}) {
+        core->api_version = version;
+        EXPECT_FALSE(host.loadCore(core.path));
+        EXPECT_EQ(host.lastError, "Unsupported libretro API version");
+        EXPECT_EQ(core.takeCalls(), Lines{"retro_api_version"});
+    }
+}
+
+TEST_F(CoreModule, TakesABareNameFromTheCurrentDirectoryOnly) {
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(scratch.path());
+    for (const char* searchable : {"libc.so.6", "kernel32.dll"}) {
+        EXPECT_FALSE(host.loadCore(searchable));
+        EXPECT_EQ(host.lastError.find("Could not load core: "), 0U);
+    }
+    const auto bare = core.path.filename();
+    std::filesystem::copy_file(ProbeCore::pathOf("probe_without_retro_run"), bare);
+    EXPECT_FALSE(host.loadCore(bare));
+    EXPECT_EQ(host.lastError, "Missing symbol: retro_run");
+    std::filesystem::current_path(before);
+}
+
+TEST_F(CoreModule, WaitsForNoPipe) {
+    const auto pipe = scratch / "pipe";
+    if (std::system(("mkfifo " + pipe.string()).c_str()) != 0)
+        GTEST_SKIP() << "no pipes in this file system";
+    EXPECT_FALSE(host.loadCore(pipe));
+    start();
+    EXPECT_FALSE(host.loadState(pipe));
+    host.unload();
+    ASSERT_TRUE(host.loadCore(core.path));
+    EXPECT_FALSE(host.loadGame(pipe));
+}
+
+TEST_F(CoreModule, OpensCoreAndGameUnderForeignNames) {
+    const auto directory = scratch / std::filesystem::path(u8"ядро 核 é");
+    std::filesystem::create_directory(directory);
+    const auto foreign = directory / (u8"プローブ" + core.path.extension().u8string());
+    std::filesystem::copy_file(core.path, foreign);
+    std::filesystem::rename(game, directory / u8"игра.bin");
+    host.setDirectories(directory, directory);
+    EXPECT_TRUE(host.loadCore(foreign)) << host.lastError;
+    EXPECT_TRUE(host.loadGame(directory / u8"игра.bin")) << host.lastError;
+    EXPECT_TRUE(host.saveState(directory / u8"セーブ.state")) << host.lastError;
+    EXPECT_EQ(readFile(directory / u8"セーブ.state").size(), 64U);
+    EXPECT_TRUE(host.loadState(directory / u8"セーブ.state")) << host.lastError;
+}
+
+TEST_F(CoreModule, ServesTheInstanceThatLoadedLast) {
+    LibretroHost other;
+    host.setDirectories("first", "");
+    other.setDirectories("second", "");
+    const auto directory = [&] {
+        const char* text = nullptr;
+        core->environment(RETRO_ENVIRONMENT_GET_SYSTEM_DIRECTORY, &text);
+        return std::string(text ? text : "nobody");
+    };
+    ASSERT_TRUE(host.loadCore(core.path));
+    EXPECT_EQ(directory(), "first");
+    ASSERT_TRUE(other.loadCore(core.path));
+    EXPECT_EQ(directory(), "second");
+    host.unload();
+    LibretroHost().unload();
+    EXPECT_EQ(directory(), "second");
+    other.unload();
+    EXPECT_EQ(directory(), "nobody");
+}
+
+TEST_F(CoreModule, DropsWhatHasNoOutputOrNoInstance) {
+    const auto useEverything = [&] {
+        const std::array<std::int16_t, 4> samples = {};
+        core->video_refresh(samples.data(), 2, 2, 4);
+        core->video_refresh(RETRO_HW_FRAME_BUFFER_VALID, 2, 2, 4);
+        core->video_refresh(nullptr, 0, 0, 0);
+        core->audio_sample(1, 2);
+        EXPECT_EQ(core->audio_sample_batch(samples.data(), 2), 2U);
+        EXPECT_EQ(core->audio_sample_batch(nullptr, 512), 512U);
+        core->input_poll();
+        EXPECT_EQ(core->input_state(0, RETRO_DEVICE_JOYPAD, 0, 0), 0);
+    };
+    core.on("retro_run", useEverything);
+    start();
+    host.runFrame();
+    host.unload();
+    useEverything();
+    EXPECT_FALSE(core->environment(RETRO_ENVIRONMENT_SET_MESSAGE, nullptr));
+}
+
+TEST_F(CoreModule, LogsOnBothChannels) {
+    ASSERT_TRUE(host.loadCore(core.path));
+    retro_log_callback log = {};
+    ASSERT_TRUE(core->environment(RETRO_ENVIRONMENT_GET_LOG_INTERFACE, &log));
+    const LogCapture capture;
+    testing::internal::CaptureStderr();
+    const std::string longText(2000, 'x');
+    log.log(RETRO_LOG_ERROR, "%s %d\n", "\"é\"", 7);
+    log.log(RETRO_LOG_DEBUG, "%s", longText.c_str());
+    log.log(RETRO_LOG_INFO, nullptr);
+    const std::string cut(1023, 'x');
+    EXPECT_EQ(LogCapture::lines, (Lines{"I [libretro] \"é\" 7\n", "I [libretro] " + cut}));
+    const std::string debugger = testing::internal::GetCapturedStderr();
+#ifndef _WIN32
+    EXPECT_EQ(debugger, "[libretro] \"é\" 7\n[libretro] " + cut);
+#endif
+}
+
+TEST_F(CoreModule, OutlivesACoreThatThrows) {
+    const auto fault = [] { throw std::runtime_error("core fault"); };
+    start();
+    core.on("retro_run", fault);
+    core.on("retro_reset", fault);
+    core.on("retro_unload_game", fault);
+    core.on("retro_deinit", fault);
+    host.runFrame();
+    host.reset();
+    host.runFrame();
+    host.unload();
+    core.on("retro_init", fault);
+    EXPECT_FALSE(host.loadCore(core.path));
+    EXPECT_EQ(host.lastError, "Unexpected failure: core fault");
+    EXPECT_FALSE(core->environment(RETRO_ENVIRONMENT_SET_MESSAGE, nullptr));
+}
+
+} // namespace velmora::test

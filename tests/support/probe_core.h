@@ -1,0 +1,95 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <SDL3/SDL.h>
+
+#include "cores/probe.h"
+
+namespace velmora::test {
+
+// The test's own handle of a probe core module, with what the core says back at its defaults. A
+// host that loads `path` meets the same module, so `->` reads and scripts the core that it runs:
+//
+//     ProbeCore core;
+//     core.on("retro_run", [&] { core->video_refresh(pixels, 256, 224, 512); });
+//     host.loadCore(core.path);
+class ProbeCore {
+public:
+    explicit ProbeCore(const std::string& name = "probe_core")
+        : path(pathOf(name)), module(SDL_LoadObject(path.string().c_str())) {
+        const auto symbol = [this](const char* entry) { return SDL_LoadFunction(module, entry); };
+        if (!module)
+            throw std::runtime_error(SDL_GetError());
+        data = reinterpret_cast<decltype(&::probe_access)>(symbol("probe_access"))();
+        wasOpen = data->used;
+        reinterpret_cast<decltype(&::probe_reset)>(symbol("probe_reset"))();
+        data->used = true;
+        data->user = this;
+        data->entered = [](void* self, const char* entry) {
+            static_cast<ProbeCore*>(self)->entered(entry);
+        };
+    }
+    ~ProbeCore() {
+        data->entered = nullptr;
+        data->serialize = nullptr;
+        data->unserialize = nullptr;
+        SDL_UnloadObject(module);
+    }
+    ProbeCore(const ProbeCore&) = delete;
+    ProbeCore& operator=(const ProbeCore&) = delete;
+
+    static std::filesystem::path pathOf(const std::string& name) {
+        return std::filesystem::path(VELMORA_PROBE_DIRECTORY) / (name + VELMORA_PROBE_SUFFIX);
+    }
+
+    probe* operator->() { return data; }
+
+    // Has `work` done inside the core each time the host enters `entry`, a literal.
+    void on(std::string_view entry, std::function<void()> work) { hooks[entry] = std::move(work); }
+
+    // Decides what the core does with states.
+    void onSerialize(std::function<bool(void*, std::size_t)> work) {
+        serialize = std::move(work);
+        data->serialize = [](void* self, void* state, std::size_t size) {
+            return static_cast<ProbeCore*>(self)->serialize(state, size);
+        };
+    }
+    void onUnserialize(std::function<bool(const void*, std::size_t)> work) {
+        unserialize = std::move(work);
+        data->unserialize = [](void* self, const void* state, std::size_t size) {
+            return static_cast<ProbeCore*>(self)->unserialize(state, size);
+        };
+    }
+
+    // The entry points called since the last time this was asked.
+    std::vector<std::string> takeCalls() {
+        std::vector<std::string> calls(data->calls, data->calls + data->call_count);
+        data->call_count = 0;
+        return calls;
+    }
+
+    const std::filesystem::path path;
+    // Someone else held the module open already when this object opened it.
+    bool wasOpen = false;
+
+private:
+    void entered(std::string_view entry) {
+        if (const auto hook = hooks.find(entry); hook != hooks.end())
+            hook->second();
+    }
+
+    SDL_SharedObject* module;
+    probe* data = nullptr;
+    std::map<std::string_view, std::function<void()>> hooks;
+    std::function<bool(void*, std::size_t)> serialize;
+    std::function<bool(const void*, std::size_t)> unserialize;
+};
+
+} // namespace velmora::test
