@@ -1,0 +1,127 @@
+#include <climits>
+#include <string>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+#include "overlay/play_window.h"
+#include "shown_menu.h"
+
+using velmora::test::itemCount;
+using velmora::test::lines;
+using velmora::test::ShownMenu;
+using velmora::test::submenu;
+
+namespace {
+
+std::string slot(int id, const std::string& name) {
+    return std::to_string(id) + " Slot " + std::to_string(id % 1000 + 1) + "  \xC2\xB7  " + name +
+           "\n";
+}
+
+class PlayMenuTest : public velmora::test::PlayWindowTest {
+protected:
+    void SetUp() override { open(640, 480); }
+
+    static ShownMenu bar() { return velmora::test::shownBar(window()); }
+    static ShownMenu gameMenu() { return submenu(bar(), 0); }
+    static ShownMenu save() { return submenu(gameMenu(), 5); }
+    static ShownMenu load() { return submenu(gameMenu(), 6); }
+
+    void refresh(bool grow, std::int32_t count, std::vector<std::string> names) {
+        video.hud.slotsGrow = grow;
+        video.hud.slotCount = count;
+        video.hud.slotNames = std::move(names);
+        video.refreshNativeMenu();
+    }
+};
+
+} // namespace
+
+TEST_F(PlayMenuTest, HoldsTheWholeTreeAndTheCheckMark) {
+    const auto tree = [](const char* mark) {
+        return std::string("30 Pause\tP\n35 Reset\tF1\n36 Screenshot\tF12\n31 Quick Save\tF5\n"
+                           "32 Quick Load\tF8\n> Save State\n> Load State\n33 Fullscreen\tF11\n"
+                           "39 Always on Top") +
+               mark + "\n-- \n37 Stop\tEsc\n";
+    };
+    EXPECT_EQ(lines(bar()), "> Game\n");
+    EXPECT_EQ(lines(gameMenu()), tree(""));
+    ASSERT_TRUE(video.toggleAlwaysOnTop());
+    EXPECT_EQ(lines(gameMenu()), tree(" (checked)"));
+    open(640, 480, true);
+    EXPECT_EQ(lines(gameMenu()), tree(" (checked)"));
+    ASSERT_TRUE(video.setAlwaysOnTop(false));
+    EXPECT_EQ(lines(gameMenu()), tree(""));
+}
+
+TEST_F(PlayMenuTest, ListsSlotsByTheirNames) {
+    const std::string odd = "M\xC3\xBChle \xE5\x9F\x8E & ";
+    const std::string invalid = "\xFF\xC0";
+    const std::string shown = odd + velmora::test::shownInvalid(invalid);
+    const std::string longName(10'000, 'x');
+    refresh(false, 6, {"Morning", odd + invalid, "", "Empty", longName});
+    EXPECT_EQ(lines(save()), slot(1000, "Morning") + slot(1001, shown) + slot(1002, "Empty") +
+                                 slot(1003, "Empty") + slot(1004, longName) + slot(1005, "Empty"));
+    EXPECT_EQ(lines(load()), slot(2000, "Morning") + slot(2001, shown) +
+                                 slot(2002, "Empty (greyed)") + slot(2003, "Empty (greyed)") +
+                                 slot(2004, longName) + slot(2005, "Empty (greyed)"));
+    refresh(true, 4, {"empty", "Empty", "Evening"});
+    EXPECT_EQ(lines(save()), "38 New slot\n-- \n" + slot(1000, "empty") + slot(1001, "Empty") +
+                                 slot(1002, "Evening") + slot(1003, "Empty"));
+    EXPECT_EQ(lines(load()), slot(2000, "empty") + slot(2002, "Evening"));
+}
+
+TEST_F(PlayMenuTest, TakesAnySlotCount) {
+    using Case = std::tuple<bool, std::int32_t, std::size_t, std::size_t>;
+    for (const auto& [grow, count, saves, loads] : {Case{false, 0, 10, 10},
+                                                    {false, INT_MIN, 10, 10},
+                                                    {true, 0, 1, 0},
+                                                    {true, -3, 1, 0},
+                                                    {true, INT_MAX, 402, 400},
+                                                    {false, 1000, 400, 400}}) {
+        refresh(grow, count, std::vector<std::string>(100'000, "Name"));
+        EXPECT_EQ(itemCount(save()), saves) << count;
+        EXPECT_EQ(itemCount(load()), loads) << count;
+    }
+    EXPECT_NE(lines(save()).find("1399 "), std::string::npos);
+    EXPECT_NE(lines(load()).find("2399 "), std::string::npos);
+}
+
+TEST_F(PlayMenuTest, RefillsWhenTheGamePopupOpensAndOnlyThen) {
+    const std::string before = lines(save());
+    video.hud.slotNames = {"Evening"};
+    video.onInitMenuPopup(nullptr);
+    video.onInitMenuPopup(save());
+    EXPECT_EQ(lines(save()), before);
+    video.onInitMenuPopup(gameMenu());
+    EXPECT_EQ(lines(save()).find(slot(1000, "Evening")), 0U);
+    EXPECT_EQ(lines(load()).find(slot(2000, "Evening")), 0U);
+}
+
+TEST_F(PlayMenuTest, ComesAndGoesWithTheWindowedWindow) {
+    const ShownMenu shown = bar();
+    ASSERT_TRUE(video.setFullscreen(true));
+    EXPECT_EQ(bar(), nullptr);
+    ASSERT_TRUE(video.toggleFullscreen());
+    EXPECT_EQ(bar(), shown);
+    {
+        velmora::SdlVideo second;
+        ASSERT_TRUE(second.create("second", 160, 144));
+    }
+    EXPECT_EQ(bar(), shown) << "another window's end";
+    video.destroy();
+    video.refreshNativeMenu();
+}
+
+TEST_F(PlayMenuTest, HandsOutTheLatestCommandOnce) {
+    EXPECT_EQ(video.consumeMenuAction(), -1);
+    video.onNativeMenu(30);
+    video.onNativeMenu(2007);
+    video.destroy();
+    EXPECT_EQ(video.consumeMenuAction(), 2007);
+    EXPECT_EQ(video.consumeMenuAction(), -1);
+    video.onNativeMenu(37);
+    video.onNativeMenu(-5);
+    EXPECT_EQ(video.consumeMenuAction(), -1);
+}

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <string>
+
+#define WIN32_LEAN_AND_MEAN
+#include <windows.h>
+
+#include <QString>
+
+#include <SDL3/SDL.h>
+
+// The menus that a window carries, as the system has them.
+namespace velmora::test {
+
+using ShownMenu = HMENU;
+
+inline HWND nativeHandle(SDL_Window* window) {
+    return static_cast<HWND>(SDL_GetPointerProperty(SDL_GetWindowProperties(window),
+                                                    SDL_PROP_WINDOW_WIN32_HWND_POINTER, nullptr));
+}
+
+inline ShownMenu shownBar(SDL_Window* window) { return GetMenu(nativeHandle(window)); }
+
+inline ShownMenu submenu(ShownMenu menu, std::size_t position) {
+    return GetSubMenu(menu, static_cast<int>(position));
+}
+
+inline std::size_t itemCount(ShownMenu menu) {
+    return static_cast<std::size_t>(GetMenuItemCount(menu));
+}
+
+inline std::string line(ShownMenu menu, UINT position) {
+    std::wstring label(20'000, L'\0');
+    MENUITEMINFOW item = {};
+    item.cbSize = sizeof item;
+    item.fMask = MIIM_FTYPE | MIIM_ID | MIIM_STATE | MIIM_STRING | MIIM_SUBMENU;
+    item.dwTypeData = label.data();
+    item.cch = static_cast<UINT>(label.size());
+    GetMenuItemInfoW(menu, position, TRUE, &item);
+    const bool separator = (item.fType & MFT_SEPARATOR) != 0;
+    label.resize(separator ? 0 : item.cch);
+    const std::string kind = separator ? "--" : item.hSubMenu ? ">" : std::to_string(item.wID);
+    return kind + " " + QString::fromStdWString(label).toStdString() +
+           ((item.fState & MFS_GRAYED) != 0 ? " (greyed)" : "") +
+           ((item.fState & MFS_CHECKED) != 0 ? " (checked)\n" : "\n");
+}
+
+// One line an item: its id and label, and a mark where it is greyed or checked.
+inline std::string lines(ShownMenu menu) {
+    std::string text;
+    for (UINT position = 0; position < itemCount(menu); ++position)
+        text += line(menu, position);
+    return text;
+}
+
+// What comes of bytes that are no UTF-8: a replacement character each.
+inline std::string shownInvalid(const std::string& bytes) {
+    std::string text;
+    for (std::size_t i = 0; i < bytes.size(); ++i)
+        text += "\xEF\xBF\xBD";
+    return text;
+}
+
+} // namespace velmora::test

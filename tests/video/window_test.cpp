@@ -1,0 +1,199 @@
+#include "video/window_picture.h"
+
+#include <cmath>
+#include <limits>
+
+namespace velmora::test {
+namespace {
+
+class WindowTest : public VideoTest {
+protected:
+    bool pump() {
+        bool quit = false;
+        EXPECT_TRUE(video.pumpEvents(quit));
+        return quit;
+    }
+
+    static void pushWindowEvent(Uint32 type) {
+        SDL_Event event = {};
+        event.window.type = static_cast<SDL_EventType>(type);
+        SDL_PushEvent(&event);
+    }
+
+    static void pushMotion(float x, float y) {
+        SDL_Event event = {};
+        event.motion.type = SDL_EVENT_MOUSE_MOTION;
+        event.motion.x = x;
+        event.motion.y = y;
+        SDL_PushEvent(&event);
+    }
+
+    static void pushButton(SDL_EventType type, Uint8 button, float x, float y) {
+        SDL_Event event = {};
+        event.button.type = type;
+        event.button.button = button;
+        event.button.x = x;
+        event.button.y = y;
+        SDL_PushEvent(&event);
+    }
+
+    SDL_Point mouse() {
+        SDL_Point at = {};
+        video.mousePos(at.x, at.y);
+        return at;
+    }
+
+    static bool has(SDL_WindowFlags flag) { return (SDL_GetWindowFlags(window()) & flag) != 0; }
+
+    // SDL's offscreen driver knows no order of windows, and an X server without a window manager no
+    // fullscreen.
+    static void expectFlag(SDL_WindowFlags flag, bool expected) {
+        const std::string driver = SDL_GetCurrentVideoDriver();
+        if (driver == (flag == SDL_WINDOW_FULLSCREEN ? "x11" : "offscreen"))
+            return;
+        SDL_SyncWindow(window());
+        EXPECT_EQ(has(flag), expected) << driver;
+    }
+};
+
+TEST_F(WindowTest, OpensAtThreeTimesTheFrameAndRebuildsOnTheNextCreate) {
+    struct {
+        int width, height;
+        SDL_Point size;
+    } const cases[] = {
+        {0, 0, {480, 432}}, {320, 240, {960, 720}}, {-5, 200, {480, 600}}, {200, -7, {600, 432}}};
+    for (const auto& c : cases) {
+        ASSERT_TRUE(video.create("Título", c.width, c.height)) << SDL_GetError();
+        EXPECT_EQ(windowSize(), c.size);
+        EXPECT_EQ(windowCount(), 1);
+        EXPECT_STREQ(SDL_GetWindowTitle(window()), "Título");
+        EXPECT_TRUE(has(SDL_WINDOW_RESIZABLE));
+        EXPECT_FALSE(has(SDL_WINDOW_HIDDEN));
+        EXPECT_NE(SDL_GetRenderer(window()), nullptr);
+    }
+}
+
+TEST_F(WindowTest, AbsurdSizesFailAndLeaveNothingOpen) {
+    constexpr int most = std::numeric_limits<int>::max();
+    const SDL_Point sizes[] = {{most, 10}, {10, most}, {most / 3 + 1, most / 3 + 1}, {100000, 144}};
+    for (const SDL_Point& size : sizes) {
+        ASSERT_TRUE(video.create("before", 160, 144));
+        SDL_ClearError();
+        EXPECT_FALSE(video.create("absurd", size.x, size.y)) << size;
+        EXPECT_STRNE(SDL_GetError(), "");
+        EXPECT_EQ(windowCount(), 0);
+        retro_hw_render_callback request = {};
+        request.context_type = RETRO_HW_CONTEXT_OPENGL;
+        EXPECT_FALSE(video.setupHardware(request, size.x, size.y)) << size;
+        EXPECT_EQ(windowCount(), 0);
+    }
+    EXPECT_TRUE(video.create("after", 160, 144)) << SDL_GetError();
+}
+
+TEST_F(WindowTest, EverythingIsSafeWithoutAWindow) {
+    const Uint32 pixel = 0;
+    video.setTitle("forgotten");
+    video.upload(&pixel, 1, 1, 4);
+    video.upload(RETRO_HW_FRAME_BUFFER_VALID, 1, 1, 0);
+    video.resizeHardwareBuffers(100, 100);
+    video.present();
+    EXPECT_FALSE(video.captureScreenshot((directory / "none.bmp").string()));
+    EXPECT_FALSE(video.setFullscreen(true));
+    EXPECT_FALSE(video.toggleFullscreen());
+    EXPECT_EQ(video.currentFramebuffer(), 0U);
+    EXPECT_EQ(SdlVideo::framebufferThunk(), 0U);
+    EXPECT_FALSE(pump());
+    EXPECT_EQ(mouse(), (SDL_Point{0, 0}));
+    video.destroy();
+    video.destroy();
+    ASSERT_TRUE(video.create("first", 0, 0));
+    EXPECT_STREQ(SDL_GetWindowTitle(window()), "first");
+    EXPECT_FALSE(has(SDL_WINDOW_FULLSCREEN));
+    video.setTitle("second");
+    EXPECT_STREQ(SDL_GetWindowTitle(window()), "second");
+    video.present();
+    video.destroy();
+    video.destroy();
+    EXPECT_EQ(windowCount(), 0);
+}
+
+TEST_F(WindowTest, TheWishToStayOnTopOutlivesWindowsAndFullscreenDoesNot) {
+    EXPECT_TRUE(video.setAlwaysOnTop(true));
+    EXPECT_TRUE(video.toggleAlwaysOnTop());
+    EXPECT_TRUE(video.toggleAlwaysOnTop());
+    ASSERT_TRUE(video.create("top", 160, 144));
+    expectFlag(SDL_WINDOW_ALWAYS_ON_TOP, true);
+
+    ASSERT_TRUE(video.toggleFullscreen()) << SDL_GetError();
+    expectFlag(SDL_WINDOW_FULLSCREEN, true);
+    ASSERT_TRUE(video.toggleFullscreen()) << SDL_GetError();
+    expectFlag(SDL_WINDOW_FULLSCREEN, false);
+    expectFlag(SDL_WINDOW_ALWAYS_ON_TOP, true);
+
+    ASSERT_TRUE(video.setFullscreen(true));
+    ASSERT_TRUE(video.create("again", 160, 144));
+    expectFlag(SDL_WINDOW_FULLSCREEN, false);
+    expectFlag(SDL_WINDOW_ALWAYS_ON_TOP, true);
+    ASSERT_TRUE(video.toggleFullscreen());
+    expectFlag(SDL_WINDOW_FULLSCREEN, true);
+
+    EXPECT_TRUE(video.toggleAlwaysOnTop());
+    expectFlag(SDL_WINDOW_ALWAYS_ON_TOP, false);
+    ASSERT_TRUE(video.create("below", 160, 144));
+    expectFlag(SDL_WINDOW_ALWAYS_ON_TOP, false);
+}
+
+TEST_F(WindowTest, PointerEventsTruncateAndSaturate) {
+    constexpr int most = std::numeric_limits<int>::max();
+    constexpr int least = std::numeric_limits<int>::min();
+    struct {
+        float x, y;
+        SDL_Point expected;
+    } const cases[] = {{12.9F, 7.2F, {12, 7}},
+                       {-3.9F, -0.5F, {-3, 0}},
+                       {1e20F, -1e20F, {most, least}},
+                       {INFINITY, NAN, {most, 0}},
+                       {2147483648.0F, -2147483648.0F, {most, least}}};
+    for (const auto& c : cases) {
+        pushMotion(c.x, c.y);
+        EXPECT_FALSE(pump());
+        EXPECT_EQ(mouse(), c.expected);
+        pushMotion(1, 1);
+        pushButton(SDL_EVENT_MOUSE_BUTTON_DOWN, SDL_BUTTON_LEFT, c.x, c.y);
+        pump();
+        EXPECT_EQ(mouse(), (SDL_Point{1, 1})) << "a click moves nothing";
+        SDL_Point click = {};
+        ASSERT_TRUE(video.consumeClick(click.x, click.y));
+        EXPECT_EQ(click, c.expected);
+        EXPECT_FALSE(video.consumeClick(click.x, click.y));
+    }
+}
+
+TEST_F(WindowTest, OnlyTheLatestLeftClickAndACloseRequestCount) {
+    SDL_Point click = {};
+    pushButton(SDL_EVENT_MOUSE_BUTTON_DOWN, SDL_BUTTON_RIGHT, 5, 5);
+    pushButton(SDL_EVENT_MOUSE_BUTTON_UP, SDL_BUTTON_LEFT, 6, 6);
+    pushWindowEvent(SDL_EVENT_QUIT);
+    EXPECT_FALSE(pump());
+    EXPECT_FALSE(video.consumeClick(click.x, click.y));
+
+    pushButton(SDL_EVENT_MOUSE_BUTTON_DOWN, SDL_BUTTON_LEFT, 1, 2);
+    pushButton(SDL_EVENT_MOUSE_BUTTON_DOWN, SDL_BUTTON_LEFT, 3, 4);
+    pushWindowEvent(SDL_EVENT_WINDOW_CLOSE_REQUESTED);
+    bool quit = false;
+    video.pumpEvents(quit);
+    EXPECT_TRUE(quit);
+    video.pumpEvents(quit);
+    EXPECT_TRUE(quit) << "never cleared by the library";
+    ASSERT_TRUE(video.consumeClick(click.x, click.y));
+    EXPECT_EQ(click, (SDL_Point{3, 4}));
+
+    pushWindowEvent(SDL_EVENT_WINDOW_CLOSE_REQUESTED);
+    pushMotion(9, 9);
+    video.destroy();
+    EXPECT_FALSE(pump()) << "meant for the window that is gone";
+    EXPECT_EQ(mouse(), (SDL_Point{0, 0}));
+}
+
+} // namespace
+} // namespace velmora::test
