@@ -45,9 +45,8 @@ bool SdlAudio::open(int sampleRate) {
                                sampleRate > 0 ? sampleRate : fallbackRate};
     stream =
         SDL_OpenAudioDeviceStream(SDL_AUDIO_DEVICE_DEFAULT_PLAYBACK, &format, nullptr, nullptr);
-    if (!stream) {
+    if (!stream)
         return false;
-    }
     // SDL opens the device paused.
     SDL_ResumeAudioDevice(SDL_GetAudioStreamDevice(stream));
     return true;
@@ -66,12 +65,10 @@ void SdlAudio::setGain(float factor) {
 }
 
 void SdlAudio::push(const std::int16_t* samples, std::size_t frames) {
-    if (!stream || !samples || frames == 0 || frames > mostFrames || muted || suspended) {
+    if (!stream || !samples || frames == 0 || frames > mostFrames || muted || suspended)
         return;
-    }
-    if (SDL_GetAudioStreamQueued(stream) > queueLimit(frames)) {
+    if (SDL_GetAudioStreamQueued(stream) > queueLimit(frames))
         SDL_ClearAudioStream(stream);
-    }
     const int bytes = static_cast<int>(frames) * bytesPerFrame;
     if (isUnity(gain)) {
         SDL_PutAudioStreamData(stream, samples, bytes);

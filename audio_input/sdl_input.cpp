@@ -32,9 +32,8 @@ void addBound(const InputBindings& bindings, const std::string& systemId, bool (
               IsHeld&& isHeld) {
     noThrow([&] {
         const QString system = QString::fromStdString(systemId);
-        for (int button = 0; button < buttonCount; ++button) {
+        for (int button = 0; button < buttonCount; ++button)
             held[button] = held[button] || isHeld(bindings, system, button);
-        }
     });
 }
 
@@ -44,12 +43,10 @@ SdlInput::~SdlInput() { close(); }
 
 void SdlInput::open() {
     close();
-    if (!SDL_InitSubSystem(SDL_INIT_GAMEPAD)) {
+    if (!SDL_InitSubSystem(SDL_INIT_GAMEPAD))
         return;
-    }
-    if (const SDL_JoystickID first = firstGamepad()) {
+    if (const SDL_JoystickID first = firstGamepad())
         pad = SDL_OpenGamepad(first);
-    }
 }
 
 void SdlInput::close() {
@@ -67,19 +64,16 @@ void SdlInput::poll() {
     // below opens and closes an object of its own. This one outlives them all, so that a file is
     // parsed at most once a poll; it is never read, and hides no one else's writes.
     std::optional<QSettings> keepsFileParsed;
-    if (InputBindings::instance()) {
+    if (InputBindings::instance())
         noThrow([&] { keepsFileParsed.emplace(settingskeys::org(), settingskeys::app()); });
-    }
-    if (const bool* keys = SDL_GetKeyboardState(nullptr)) {
+    if (const bool* keys = SDL_GetKeyboardState(nullptr))
         applyKeyboard(keys);
-    }
     applyGamepad();
 }
 
 void SdlInput::applyKeyboard(const bool* keys) {
-    if (!keys) {
+    if (!keys)
         return;
-    }
     escapeHeld = keys[SDL_SCANCODE_ESCAPE];
     if (const InputBindings* bindings = InputBindings::instance()) {
         addBound(*bindings, systemId, held,
@@ -88,9 +82,8 @@ void SdlInput::applyKeyboard(const bool* keys) {
                  });
         return;
     }
-    for (const catalogue::Button& button : plainButtons) {
+    for (const catalogue::Button& button : plainButtons)
         held[button.id] = held[button.id] || keys[button.key];
-    }
 }
 
 void SdlInput::applyGamepad() {
@@ -101,9 +94,8 @@ void SdlInput::applyGamepad() {
                  });
         return;
     }
-    if (!pad) {
+    if (!pad)
         return;
-    }
     for (const catalogue::Button& button : plainButtons) {
         held[button.id] = held[button.id] ||
                           SDL_GetGamepadButton(pad, static_cast<SDL_GamepadButton>(button.pad));
@@ -112,14 +104,13 @@ void SdlInput::applyGamepad() {
 
 std::int16_t SdlInput::state(unsigned int port, unsigned int device, unsigned int /*index*/,
                              unsigned int id) const {
-    if (port != 0 || device != RETRO_DEVICE_JOYPAD) {
+    if (port != 0 || device != RETRO_DEVICE_JOYPAD)
         return 0;
-    }
     if (id == RETRO_DEVICE_ID_JOYPAD_MASK) {
         unsigned int mask = 0;
-        for (int button = 0; button < buttonCount; ++button) {
-            mask |= (held[button] ? 1U : 0U) << button;
-        }
+        for (unsigned int button = 0; button < buttonCount; ++button)
+            if (held[button])
+                mask |= 1U << button;
         return static_cast<std::int16_t>(mask);
     }
     return id < buttonCount && held[id] ? 1 : 0;

@@ -28,11 +28,9 @@ QString nameOf(SDL_JoystickID gamepad) {
 std::optional<int> heldButton(SDL_JoystickID gamepad) {
     const std::unique_ptr<SDL_Gamepad, decltype(&SDL_CloseGamepad)> pad(SDL_OpenGamepad(gamepad),
                                                                         SDL_CloseGamepad);
-    for (int button = 0; pad && button < SDL_GAMEPAD_BUTTON_COUNT; ++button) {
-        if (SDL_GetGamepadButton(pad.get(), static_cast<SDL_GamepadButton>(button))) {
+    for (int button = 0; pad && button < SDL_GAMEPAD_BUTTON_COUNT; ++button)
+        if (SDL_GetGamepadButton(pad.get(), static_cast<SDL_GamepadButton>(button)))
             return button;
-        }
-    }
     return std::nullopt;
 }
 
@@ -61,9 +59,8 @@ void InputBindings::listen(int buttonId) {
 }
 
 void InputBindings::cancelListen() {
-    if (!listening_) {
+    if (!listening_)
         return;
-    }
     listening_ = false;
     listeningId_ = -1;
     timer_.stop();
@@ -71,58 +68,49 @@ void InputBindings::cancelListen() {
 }
 
 bool InputBindings::eventFilter(QObject* /*watched*/, QEvent* event) {
-    if (!listening_ || event->type() != QEvent::KeyPress) {
+    if (!listening_ || event->type() != QEvent::KeyPress)
         return false;
-    }
     const auto* press = static_cast<const QKeyEvent*>(event);
-    if (press->isAutoRepeat()) {
+    if (press->isAutoRepeat())
         return true;
-    }
     if (press->key() == Qt::Key_Escape) {
         cancelListen();
         return true;
     }
-    if (device_ == "keyboard"_L1) {
+    if (device_ == "keyboard"_L1)
         assign(u"key"_s, scancodeForQtKey(press->key()));
-    }
     return true;
 }
 
 bool InputBindings::ensureSdl() {
-    if (!sdlReady_) {
+    if (!sdlReady_)
         sdlReady_ = SDL_Init(SDL_INIT_GAMEPAD | SDL_INIT_EVENTS);
-    }
     return sdlReady_;
 }
 
 void InputBindings::pollGamepad() {
     refreshGamepadName();
-    if (!listening_ || device_ != "gamepad"_L1 || !ensureSdl()) {
+    if (!listening_ || device_ != "gamepad"_L1 || !ensureSdl())
         return;
-    }
     SDL_PumpEvents();
     const SDL_JoystickID gamepad = firstGamepad();
-    if (gamepad == 0) {
+    if (gamepad == 0)
         return;
-    }
-    if (const std::optional<int> button = heldButton(gamepad)) {
+    if (const std::optional<int> button = heldButton(gamepad))
         assign(u"pad"_s, *button);
-    }
 }
 
 void InputBindings::refreshGamepadName() {
     const bool changed = orElse(false, [this] {
         const SDL_JoystickID gamepad = ensureSdl() ? firstGamepad() : 0;
         QString name = gamepad == 0 ? u"No gamepad connected"_s : nameOf(gamepad);
-        if (name == gamepadName_) {
+        if (name == gamepadName_)
             return false;
-        }
         gamepadName_ = std::move(name);
         return true;
     });
-    if (changed) {
+    if (changed)
         Q_EMIT gamepadNameChanged();
-    }
 }
 
 } // namespace velmora

@@ -17,20 +17,17 @@ QString allBindings() { return u"controls/"_s; }
 QHash<QString, QVariant> storedBindings() {
     const QSettings store = openStore();
     QHash<QString, QVariant> bindings;
-    for (const QString& key : keysUnder(store, allBindings())) {
+    for (const QString& key : keysUnder(store, allBindings()))
         bindings.insert(key, store.value(key));
-    }
     return bindings;
 }
 
 void replaceBindings(const QHash<QString, QVariant>& bindings) {
     QSettings store = openStore();
-    for (const QString& key : keysUnder(store, allBindings())) {
+    for (const QString& key : keysUnder(store, allBindings()))
         store.remove(key);
-    }
-    for (auto entry = bindings.cbegin(); entry != bindings.cend(); ++entry) {
+    for (auto entry = bindings.cbegin(); entry != bindings.cend(); ++entry)
         store.setValue(entry.key(), entry.value());
-    }
 }
 
 } // namespace
@@ -48,9 +45,8 @@ void InputBindings::commitEdit() {
 }
 
 void InputBindings::revertEdit() {
-    if (!editing_) {
+    if (!editing_)
         return;
-    }
     // The snapshot goes only when all of it is back in the store.
     noThrow([this] {
         replaceBindings(snapshot_);

@@ -54,9 +54,8 @@ struct Wording {
     QLatin1StringView none;
 
     QString operator()(const Binding& binding) const {
-        if (binding.kind == "key"_L1) {
+        if (binding.kind == "key"_L1)
             return key(binding.code);
-        }
         return binding.kind == "pad"_L1 ? pad(binding.code) : QString(none);
     }
 };
@@ -66,9 +65,8 @@ constexpr Wording caption{shortKeyNameOf, padShortName, ""_L1};
 
 // The binding that a button has on the device before anything is stored.
 Binding defaultBinding(const QString& device, InputBindings::DefaultMap defaults) {
-    if (device == "gamepad"_L1) {
+    if (device == "gamepad"_L1)
         return {defaults.pad >= 0 ? u"pad"_s : u"none"_s, defaults.pad};
-    }
     return {defaults.key > 0 ? u"key"_s : u"none"_s, defaults.key};
 }
 

@@ -27,13 +27,12 @@ QString InputBindings::padStyle() const {
 QList<QVariant> InputBindings::systems() const {
     return orElse(QList<QVariant>(), [] {
         QList<QVariant> list;
-        for (const CoreDescriptor& core : CoreRegistry::uniqueBySystem()) {
+        for (const CoreDescriptor& core : CoreRegistry::uniqueBySystem())
             list.append(QVariantMap{{u"id"_s, core.systemId},
                                     {u"label"_s, core.systemLabel},
                                     {u"short"_s, CoreRegistry::shortName(core.systemId)},
                                     {u"accent"_s, core.accent},
                                     {u"pad"_s, padStyleFor(core.systemId)}});
-        }
         return list;
     });
 }
@@ -43,9 +42,8 @@ QList<QVariant> InputBindings::buttons() const {
         // Keeps the file parsed from row to row; each row opens the store for itself.
         const QSettings keepsFileParsed = openStore();
         QList<QVariant> list;
-        for (const int id : catalogue::buttonsOf(padStyleFor(systemId_))) {
+        for (const int id : catalogue::buttonsOf(padStyleFor(systemId_)))
             list.append(row(id, buttonName(id), bindingLabel(id)));
-        }
         return list;
     });
 }
@@ -54,11 +52,9 @@ QList<QVariant> InputBindings::specials() const {
     return orElse(QList<QVariant>(), [this] {
         const QSettings keepsFileParsed = openStore();
         QList<QVariant> list;
-        for (const catalogue::Button& button : catalogue::buttons) {
-            if (catalogue::isSpecial(button.id)) {
+        for (const catalogue::Button& button : catalogue::buttons)
+            if (catalogue::isSpecial(button.id))
                 list.append(row(button.id, button.name.toString(), bindingLabel(button.id)));
-            }
-        }
         return list;
     });
 }

@@ -13,33 +13,29 @@ using namespace Qt::StringLiterals;
 int InputBindings::keyboardScancode(const QString& systemId, int button) const {
     QString kind;
     int code = 0;
-    if (loadBinding(u"keyboard"_s, systemId, button, &kind, &code) && kind == "key"_L1) {
+    if (loadBinding(u"keyboard"_s, systemId, button, &kind, &code) && kind == "key"_L1)
         return code;
-    }
     return kind == "none"_L1 ? catalogue::noKey : defaultsFor(button).key;
 }
 
 int InputBindings::padButton(const QString& systemId, int button) const {
     QString kind;
     int code = 0;
-    if (loadBinding(u"gamepad"_s, systemId, button, &kind, &code) && kind == "pad"_L1) {
+    if (loadBinding(u"gamepad"_s, systemId, button, &kind, &code) && kind == "pad"_L1)
         return code;
-    }
     return kind == "none"_L1 ? catalogue::noPad : defaultsFor(button).pad;
 }
 
 bool InputBindings::keyboardHeld(const QString& systemId, int button, const bool* keys) const {
-    if (!keys) {
+    if (!keys)
         return false;
-    }
     const int scancode = keyboardScancode(systemId, button);
     return catalogue::isKey(scancode) && keys[scancode];
 }
 
 bool InputBindings::padHeld(const QString& systemId, int button, SDL_Gamepad* pad) const {
-    if (!pad) {
+    if (!pad)
         return false;
-    }
     const int code = padButton(systemId, button);
     return catalogue::isPadButton(code) &&
            SDL_GetGamepadButton(pad, static_cast<SDL_GamepadButton>(code));

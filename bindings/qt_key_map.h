@@ -46,11 +46,9 @@ inline constexpr QtKeyRun qtKeyMap[] = {
 
 // The SDL scancode of a Qt key, SDL_SCANCODE_UNKNOWN for a key that cannot be bound.
 constexpr int scancodeForQtKey(int key) {
-    for (const QtKeyRun& run : qtKeyMap) {
-        if (key >= run.first && key <= run.last) {
+    for (const QtKeyRun& run : qtKeyMap)
+        if (key >= run.first && key <= run.last)
             return run.scancode + (key - run.first);
-        }
-    }
     return SDL_SCANCODE_UNKNOWN;
 }
 

@@ -3,6 +3,7 @@
 #include <chrono>
 
 #include <QCoreApplication>
+#include <QStringBuilder>
 
 #include "bindings/catalogue.h"
 #include "bindings/settings_store.h"
@@ -15,9 +16,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 void removeUnder(QSettings& store, const QString& prefix) {
-    for (const QString& key : keysUnder(store, prefix)) {
+    for (const QString& key : keysUnder(store, prefix))
         store.remove(key);
-    }
 }
 
 } // namespace
@@ -28,21 +28,18 @@ InputBindings::InputBindings(QObject* parent) : QObject(parent) {
     instance_ = this;
     // An exception from here would leave `instance_` at an object that never was.
     noThrow([this] {
-        if (QCoreApplication* application = QCoreApplication::instance()) {
+        if (QCoreApplication* application = QCoreApplication::instance())
             application->installEventFilter(this);
-        }
         timer_.setInterval(std::chrono::milliseconds(16));
         connect(&timer_, &QTimer::timeout, this, &InputBindings::pollGamepad);
     });
 }
 
 InputBindings::~InputBindings() {
-    if (instance_ == this) {
+    if (instance_ == this)
         instance_ = nullptr;
-    }
-    if (QCoreApplication* application = QCoreApplication::instance()) {
+    if (QCoreApplication* application = QCoreApplication::instance())
         application->removeEventFilter(this);
-    }
 }
 
 InputBindings* InputBindings::instance() { return instance_; }
@@ -50,9 +47,8 @@ InputBindings* InputBindings::instance() { return instance_; }
 QString InputBindings::systemId() const { return systemId_; }
 
 void InputBindings::setSystemId(const QString& id) {
-    if (id == systemId_) {
+    if (id == systemId_)
         return;
-    }
     cancelListen();
     systemId_ = id;
     Q_EMIT mappingChanged();
@@ -62,18 +58,18 @@ QString InputBindings::device() const { return device_; }
 
 void InputBindings::setDevice(const QString& name) {
     const QString known = name == "gamepad"_L1 ? u"gamepad"_s : u"keyboard"_s;
-    if (known == device_) {
+    if (known == device_)
         return;
-    }
     cancelListen();
     device_ = known;
     Q_EMIT mappingChanged();
 }
 
 QString InputBindings::settingsKey(const QString& device, const QString& systemId, int id) const {
-    // All three at once: a system id may hold a percent sign.
-    return u"controls/%1/%2/%3"_s.arg(device, catalogue::isSpecial(id) ? u"special"_s : systemId,
-                                      QString::number(id));
+    // "controls/%1/%2/%3", put together without the cost of QString::arg: a game asks for sixteen
+    // of these and more every frame.
+    const QStringView group = catalogue::isSpecial(id) ? QStringView(u"special") : systemId;
+    return u"controls/" % device % u'/' % group % u'/' % QString::number(id);
 }
 
 bool InputBindings::loadBinding(const QString& device, const QString& systemId, int id,
@@ -81,9 +77,8 @@ bool InputBindings::loadBinding(const QString& device, const QString& systemId, 
     return orElse(false, [&] {
         const QString value = openStore().value(settingsKey(device, systemId, id)).toString();
         const qsizetype colon = value.lastIndexOf(u':');
-        if (colon <= 0) {
+        if (colon <= 0)
             return false;
-        }
         *kind = value.first(colon);
         *code = QStringView(value).sliced(colon + 1).toInt();
         return true;
@@ -98,9 +93,8 @@ void InputBindings::saveBinding(int id, const QString& kind, int code) {
 }
 
 void InputBindings::assign(const QString& kind, int code) {
-    if (!listening_ || (kind == "key"_L1 && code <= 0)) {
+    if (!listening_ || (kind == "key"_L1 && code <= 0))
         return;
-    }
     saveBinding(listeningId_, kind, code);
     cancelListen();
     Q_EMIT mappingChanged();

@@ -1,39 +1,11 @@
 #include <array>
-#include <atomic>
-#include <cstdlib>
-#include <new>
 
 #include <velmora/sdl_audio.h>
 #include <velmora/sdl_input.h>
 #include <velmora/sdl_video.h>
 
 #include "core_host/host_test.h"
-
-namespace {
-
-// Counts the program's C++ allocations; those from `failFrom` to `failTo` find no memory.
-struct {
-    std::atomic<long> count = 0;
-    std::atomic<long> failFrom = -1;
-    std::atomic<long> failTo = -1;
-    std::atomic<bool> failed = false;
-} allocations;
-
-} // namespace
-
-void* operator new(std::size_t size) {
-    const long number = allocations.count++;
-    if (number >= allocations.failFrom && number <= allocations.failTo) {
-        allocations.failed = true;
-        throw std::bad_alloc();
-    }
-    if (void* memory = std::malloc(size ? size : 1))
-        return memory;
-    throw std::bad_alloc();
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return std::malloc(size); }
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+#include "support/counted_memory.h"
 
 namespace velmora::test {
 
@@ -46,16 +18,16 @@ protected:
         for (const long following : {0L, 1000000L}) {
             long n = 0;
             do {
-                allocations.failed = false;
+                memory::failed = false;
                 work([&](auto&& part) {
-                    allocations.count = 0;
-                    allocations.failTo = n + following;
-                    allocations.failFrom = n;
+                    memory::allocations = 0;
+                    memory::failTo = n + following;
+                    memory::failFrom = n;
                     const bool result = part();
-                    allocations.failFrom = allocations.failTo = -1;
+                    memory::failFrom = memory::failTo = -1;
                     return result;
                 });
-            } while (allocations.failed && ++n < 10000);
+            } while (memory::failed && ++n < 10000);
             EXPECT_GT(n, 3);
         }
     }
@@ -151,9 +123,9 @@ TEST_F(Allocation, NoneOnTheFramePathOnceWarm) {
         }
     };
     play(10);
-    allocations.count = 0;
+    memory::allocations = 0;
     play(300);
-    EXPECT_EQ(allocations.count, 0);
+    EXPECT_EQ(memory::allocations, 0);
     video.destroy();
 }
 

@@ -1,27 +1,13 @@
-#include <atomic>
 #include <climits>
 #include <cmath>
-#include <cstdlib>
 #include <limits>
-#include <new>
 #include <tuple>
 
 #include "overlay/play_window.h"
+#include "support/counted_memory.h"
 
 using velmora::PlayHud;
 using velmora::test::Picture;
-
-static std::atomic<std::size_t> refusedSize = std::numeric_limits<std::size_t>::max();
-
-// Replaces the library's operator new too, so that a test can refuse it large blocks.
-void* operator new(std::size_t size) {
-    if (void* memory = size < refusedSize ? std::malloc(size) : nullptr)
-        return memory;
-    throw std::bad_alloc();
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return std::malloc(size); }
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
 namespace {
 
@@ -230,10 +216,10 @@ TEST_P(HudPicture, LeavesOutWhatMemoryDoesNotSufficeFor) {
     hud.screen = 1;
     hud.slotNames = {std::string(1 << 18, 'x')};
     present();
-    refusedSize = 1 << 18;
+    velmora::test::memory::refusedSize = 1 << 18;
     EXPECT_NO_THROW(video.present());
     EXPECT_NO_THROW(video.refreshNativeMenu());
-    refusedSize = std::numeric_limits<std::size_t>::max();
+    velmora::test::memory::refusedSize = std::numeric_limits<std::size_t>::max();
     expectShown([&](Expected& expected) { expected.picker("SAVE STATE", 0, hud.slotNames); });
 }
 

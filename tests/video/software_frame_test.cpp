@@ -1,32 +1,11 @@
 #include "video/window_picture.h"
 
-#include <atomic>
 #include <climits>
-#include <cstdlib>
 #include <cstring>
 #include <functional>
-#include <new>
 #include <vector>
 
-static std::atomic<std::size_t> allocations = 0;
-static std::atomic<std::size_t> refusedSize = SIZE_MAX;
-
-// Stand for the library's and the drivers' too, so that a test can count them and refuse large
-// ones. All forms, lest memory of one family is given back to another.
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    ++allocations;
-    return size < refusedSize ? std::malloc(size) : nullptr;
-}
-void* operator new(std::size_t size) {
-    if (void* memory = operator new(size, std::nothrow))
-        return memory;
-    throw std::bad_alloc();
-}
-void* operator new[](std::size_t size) { return operator new(size); }
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
-void operator delete[](void* memory) noexcept { std::free(memory); }
-void operator delete[](void* memory, std::size_t) noexcept { std::free(memory); }
+#include "support/counted_memory.h"
 
 namespace velmora::test {
 namespace {
@@ -207,9 +186,9 @@ TEST_F(SoftwareFrameTest, MemoryIsTakenOnceAndItsLackCostsOneFrame) {
     const Frame small(160, 144, 2, 0, [](unsigned, unsigned) { return 0x7fffU; });
     const Frame large(320, 288, 2, 0, [](unsigned, unsigned) { return 0x001fU; });
     show(RETRO_PIXEL_FORMAT_0RGB1555, small);
-    refusedSize = 320 * 288 * 4;
+    memory::refusedSize = 320 * 288 * 4;
     show(RETRO_PIXEL_FORMAT_0RGB1555, large);
-    refusedSize = SIZE_MAX;
+    memory::refusedSize = SIZE_MAX;
     show(RETRO_PIXEL_FORMAT_0RGB1555, large);
     EXPECT_EQ(screenshot().at(200, 200), 0x0000f8U);
 
@@ -220,9 +199,9 @@ TEST_F(SoftwareFrameTest, MemoryIsTakenOnceAndItsLackCostsOneFrame) {
         }
     };
     play(10); // drivers compile what they draw with once
-    const std::size_t before = allocations;
+    const long before = memory::allocations;
     play(60);
-    EXPECT_EQ(allocations, before);
+    EXPECT_EQ(memory::allocations, before);
 }
 
 TEST_F(SoftwareFrameTest, ScreenshotsAreBitmapsWhateverTheirNameAndFailCleanly) {

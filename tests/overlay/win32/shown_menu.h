@@ -2,7 +2,6 @@
 
 #include <string>
 
-#define WIN32_LEAN_AND_MEAN
 #include <windows.h>
 
 #include <QString>

@@ -1,0 +1,212 @@
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QTest>
+
+#include <SDL3/SDL.h>
+#include <gtest/gtest.h>
+
+#include "audio_input/virtual_pad.h"
+#include "bindings/stored_bindings.h"
+
+namespace velmora::test {
+namespace {
+
+// Made before main has an application.
+InputBindings madeTooEarly;
+
+// Something of the page that has the keyboard.
+class Widget : public QObject {
+public:
+    // Whether the key came through to the page.
+    bool press(int key, bool repeat = false, QEvent::Type type = QEvent::KeyPress) {
+        arrived = false;
+        QKeyEvent event(type, key, Qt::NoModifier, QString(), repeat);
+        QCoreApplication::sendEvent(this, &event);
+        return arrived;
+    }
+    bool event(QEvent* /*event*/) override {
+        arrived = true;
+        return true;
+    }
+
+private:
+    bool arrived = false;
+};
+
+class BindingCaptureTest : public testing::Test {
+protected:
+    void SetUp() override {
+        bindingStore().clear();
+        bindings.setSystemId("snes");
+        emitted.take();
+    }
+
+    // Runs the timer for a few ticks.
+    static void tick() { QTest::qWait(60); }
+
+    // What a capture for the button stores.
+    std::string captured(const VirtualPad& pad, std::initializer_list<int> held) {
+        pad.hold(held);
+        bindings.listen(8);
+        tick();
+        bindings.cancelListen();
+        return stored("controls/gamepad/snes/8");
+    }
+
+    InputBindings bindings;
+    Signals emitted{bindings};
+    Widget widget;
+};
+
+TEST_F(BindingCaptureTest, StoresTheKeysOfTheTable) {
+    QMap<int, int> scancodes{{Qt::Key_Return, 40}, {Qt::Key_Enter, 40}, {Qt::Key_Backspace, 42},
+                             {Qt::Key_Tab, 43},    {Qt::Key_Right, 79}, {Qt::Key_Left, 80},
+                             {Qt::Key_Down, 81},   {Qt::Key_Up, 82},    {Qt::Key_Control, 224},
+                             {Qt::Key_Shift, 225}, {Qt::Key_Alt, 226}};
+    const auto addRun = [&scancodes](const char* keys, int scancode) {
+        for (; *keys; ++keys) {
+            scancodes[*keys] = scancode++;
+        }
+    };
+    addRun("ABCDEFGHIJKLMNOPQRSTUVWXYZ1234567890", 4);
+    addRun(" -=[]\\", 44);
+    addRun(";'", 51);
+    addRun(",./", 54);
+    for (int i = 0; i < 12; ++i) {
+        scancodes[Qt::Key_F1 + i] = 58 + i;
+    }
+    // From Latin letters on to the keys that only Qt numbers, Escape alone left out.
+    for (int key = 0; key < Qt::Key_Direction_L; key = key == 255 ? Qt::Key_Tab : key + 1) {
+        const bool bound = scancodes.contains(key);
+        bindings.listen(102);
+        emitted.take();
+        EXPECT_FALSE(widget.press(key)) << key << " went on to the page";
+        EXPECT_EQ(bindings.listening(), !bound) << key;
+        EXPECT_EQ(emitted.take(), bound ? "LM" : "") << key;
+        const std::string value = stored("controls/keyboard/special/102");
+        EXPECT_TRUE(!bound || value == "key:" + std::to_string(scancodes[key])) << key << value;
+    }
+}
+
+TEST_F(BindingCaptureTest, KeysPassWhileNoCaptureRuns) {
+    EXPECT_TRUE(widget.press(Qt::Key_A));
+    bindings.listen(8);
+    bindings.listen(102);
+    EXPECT_EQ(emitted.take(), "LL");
+    EXPECT_EQ(bindings.listeningId(), 102);
+    EXPECT_EQ(bindings.listeningName(), "Quick Save");
+    EXPECT_FALSE(widget.press(Qt::Key_Escape, true)) << "held down from before";
+    EXPECT_FALSE(widget.press(Qt::Key_A, true));
+    EXPECT_TRUE(bindings.listening());
+    EXPECT_TRUE(widget.press(Qt::Key_A, false, QEvent::KeyRelease));
+    EXPECT_FALSE(widget.press(Qt::Key_Escape));
+    EXPECT_EQ(emitted.take(), "L");
+    EXPECT_EQ(bindings.listeningId(), -1);
+    EXPECT_EQ(bindings.listeningName(), "");
+    bindings.cancelListen();
+    EXPECT_EQ(emitted.take(), "");
+    EXPECT_TRUE(widget.press(Qt::Key_A));
+    EXPECT_TRUE(bindingStore().allKeys().isEmpty());
+
+    bool keys[SDL_SCANCODE_COUNT] = {};
+    keys[SDL_SCANCODE_5] = true;
+    for (const int button : {8, 0}) {
+        bindings.listen(button);
+        widget.press(Qt::Key_5);
+    }
+    EXPECT_TRUE(bindings.keyboardHeld("snes", 8, keys) && bindings.keyboardHeld("snes", 0, keys))
+        << "one key may stand on many buttons";
+}
+
+TEST_F(BindingCaptureTest, AChangeOfWhatIsEditedEndsIt) {
+    bindings.listen(8);
+    bindings.setSystemId("snes");
+    bindings.setDevice("any other word");
+    bindings.beginEdit();
+    bindings.commitEdit();
+    EXPECT_EQ(emitted.take(), "L");
+    bindings.setSystemId("gba");
+    EXPECT_EQ(emitted.take(), "LM");
+    bindings.listen(8);
+    bindings.setDevice("gamepad");
+    EXPECT_EQ(emitted.take(), "LLM");
+}
+
+TEST_F(BindingCaptureTest, StoresTheLowestPadButtonThatIsDown) {
+    const VirtualPad first("First");
+    const VirtualPad second("Second");
+    bindings.setDevice("gamepad");
+    EXPECT_EQ(captured(second, {3}), "") << "only the first pad is read";
+    EXPECT_EQ(captured(first, {}), "");
+    EXPECT_EQ(emitted.take(), "MLNLLL");
+    for (int button = SDL_GAMEPAD_BUTTON_COUNT - 1; button >= 0; --button) {
+        EXPECT_EQ(captured(first, {button, 25}), "pad:" + std::to_string(button));
+    }
+    emitted.take();
+    bindings.listen(100);
+    EXPECT_FALSE(widget.press(Qt::Key_A)) << "swallowed, and not bound";
+    first.hold({5});
+    tick();
+    EXPECT_EQ(emitted.take(), "LLM");
+    EXPECT_EQ(stored("controls/gamepad/special/100"), "pad:5");
+
+    SDL_Gamepad* pad = SDL_OpenGamepad(first.id);
+    first.hold({5});
+    SDL_PumpEvents();
+    const bool noKeys[SDL_SCANCODE_COUNT] = {};
+    EXPECT_TRUE(bindings.specialHeld(100, nullptr, pad));
+    for (const char* value : {"pad:5", "pad:26", "pad:-7"}) {
+        put("controls/gamepad/special/100", value);
+        EXPECT_EQ(bindings.specialHeld(100, noKeys, pad), QString(value) == "pad:5") << value;
+    }
+    SDL_CloseGamepad(pad);
+}
+
+TEST_F(BindingCaptureTest, FollowsTheNameOfTheFirstPad) {
+    EXPECT_EQ(bindings.gamepadName(), "No gamepad connected");
+    bindings.prepare();
+    EXPECT_EQ(emitted.take(), "");
+    VirtualPad pad("Manette é ☂");
+    EXPECT_EQ(bindings.gamepadName(), "No gamepad connected");
+    bindings.prepare();
+    bindings.prepare();
+    EXPECT_EQ(bindings.gamepadName(), "Manette é ☂");
+    EXPECT_EQ(emitted.take(), "N");
+    bindings.setDevice("gamepad");
+    bindings.listen(8);
+    pad.unplug();
+    tick();
+    EXPECT_EQ(bindings.gamepadName(), "No gamepad connected");
+    EXPECT_EQ(emitted.take(), "MLN");
+    EXPECT_TRUE(bindings.listening());
+    const VirtualPad nameless("");
+    tick();
+    EXPECT_EQ(bindings.gamepadName(), "Gamepad");
+}
+
+TEST_F(BindingCaptureTest, WithoutAnApplicationOnlyPadsAreCaught) {
+    const VirtualPad pad;
+    madeTooEarly.listen(8);
+    EXPECT_TRUE(widget.press(Qt::Key_A));
+    EXPECT_TRUE(madeTooEarly.listening());
+    madeTooEarly.setDevice("gamepad");
+    madeTooEarly.listen(8);
+    pad.hold({SDL_GAMEPAD_BUTTON_WEST});
+    tick();
+    EXPECT_EQ(stored("controls/gamepad/nes/8"), "pad:2");
+}
+
+TEST_F(BindingCaptureTest, APageMayGoDuringACapture) {
+    const VirtualPad pad;
+    auto page = std::make_unique<InputBindings>();
+    page->setDevice("gamepad");
+    page->listen(8);
+    page.reset();
+    pad.hold({0});
+    tick();
+    EXPECT_TRUE(widget.press(Qt::Key_A));
+    EXPECT_TRUE(bindingStore().allKeys().isEmpty());
+}
+
+} // namespace
+} // namespace velmora::test
