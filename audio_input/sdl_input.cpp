@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <optional>
+#include <span>
 
 #include <QSettings>
 #include <QString>
@@ -26,14 +27,13 @@ constexpr int buttonCount = 16;
 constexpr auto plainButtons = std::span(catalogue::buttons).first<RETRO_DEVICE_ID_JOYPAD_R + 1>();
 static_assert(plainButtons.back().id == RETRO_DEVICE_ID_JOYPAD_R);
 
-// Adds to `held` every button that `isHeld(bindings, system, button)` finds down.
+// Adds to `held` every button that `isHeld(system, button)` finds down.
 template <class IsHeld>
-void addBound(const InputBindings& bindings, const std::string& systemId, bool (&held)[buttonCount],
-              IsHeld&& isHeld) {
+void addBound(const std::string& systemId, bool (&held)[buttonCount], IsHeld&& isHeld) {
     noThrow([&] {
         const QString system = QString::fromStdString(systemId);
         for (int button = 0; button < buttonCount; ++button)
-            held[button] = held[button] || isHeld(bindings, system, button);
+            held[button] = held[button] || isHeld(system, button);
     });
 }
 
@@ -76,10 +76,9 @@ void SdlInput::applyKeyboard(const bool* keys) {
         return;
     escapeHeld = keys[SDL_SCANCODE_ESCAPE];
     if (const InputBindings* bindings = InputBindings::instance()) {
-        addBound(*bindings, systemId, held,
-                 [keys](const InputBindings& all, const QString& system, int button) {
-                     return all.keyboardHeld(system, button, keys);
-                 });
+        addBound(systemId, held, [=](const QString& system, int button) {
+            return bindings->keyboardHeld(system, button, keys);
+        });
         return;
     }
     for (const catalogue::Button& button : plainButtons)
@@ -88,10 +87,9 @@ void SdlInput::applyKeyboard(const bool* keys) {
 
 void SdlInput::applyGamepad() {
     if (const InputBindings* bindings = InputBindings::instance()) {
-        addBound(*bindings, systemId, held,
-                 [this](const InputBindings& all, const QString& system, int button) {
-                     return all.padHeld(system, button, pad);
-                 });
+        addBound(systemId, held, [this, bindings](const QString& system, int button) {
+            return bindings->padHeld(system, button, pad);
+        });
         return;
     }
     if (!pad)
@@ -108,9 +106,10 @@ std::int16_t SdlInput::state(unsigned int port, unsigned int device, unsigned in
         return 0;
     if (id == RETRO_DEVICE_ID_JOYPAD_MASK) {
         unsigned int mask = 0;
-        for (unsigned int button = 0; button < buttonCount; ++button)
+        for (unsigned int button = 0; button < buttonCount; ++button) {
             if (held[button])
                 mask |= 1U << button;
+        }
         return static_cast<std::int16_t>(mask);
     }
     return id < buttonCount && held[id] ? 1 : 0;

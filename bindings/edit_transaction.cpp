@@ -24,8 +24,7 @@ QHash<QString, QVariant> storedBindings() {
 
 void replaceBindings(const QHash<QString, QVariant>& bindings) {
     QSettings store = openStore();
-    for (const QString& key : keysUnder(store, allBindings()))
-        store.remove(key);
+    removeUnder(store, allBindings());
     for (auto entry = bindings.cbegin(); entry != bindings.cend(); ++entry)
         store.setValue(entry.key(), entry.value());
 }
@@ -50,7 +49,8 @@ void InputBindings::revertEdit() {
     // The snapshot goes only when all of it is back in the store.
     noThrow([this] {
         replaceBindings(snapshot_);
-        commitEdit();
+        snapshot_.clear();
+        editing_ = false;
     });
     cancelListen();
     Q_EMIT mappingChanged();

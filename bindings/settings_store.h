@@ -19,4 +19,9 @@ inline QStringList keysUnder(const QSettings& store, const QString& prefix) {
     return keys;
 }
 
+inline void removeUnder(QSettings& store, const QString& prefix) {
+    for (const QString& key : keysUnder(store, prefix))
+        store.remove(key);
+}
+
 } // namespace velmora

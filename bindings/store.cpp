@@ -13,15 +13,6 @@ namespace velmora {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-void removeUnder(QSettings& store, const QString& prefix) {
-    for (const QString& key : keysUnder(store, prefix))
-        store.remove(key);
-}
-
-} // namespace
-
 InputBindings* InputBindings::instance_ = nullptr;
 
 InputBindings::InputBindings(QObject* parent) : QObject(parent) {

@@ -32,8 +32,8 @@ bool LibretroHost::loadCore(const std::filesystem::path& path) {
 bool LibretroHost::startCore(const std::filesystem::path& path) {
     module = platform::openLibrary(path);
     if (!module)
-        return fail(lastError, {"Could not load core: ", pathToUtf8(path), " (",
-                                "LoadLibrary/GetProcAddress failed", ")"});
+        return fail(lastError, {"Could not load core: ", pathToUtf8(path),
+                                " (LoadLibrary/GetProcAddress failed)"});
     if (!loadSymbols())
         return false;
     if (core.retro_api_version() != RETRO_API_VERSION)

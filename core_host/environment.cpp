@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <climits>
-#include <cmath>
 #include <functional>
 
 #include <SDL3/SDL_error.h>
@@ -11,14 +10,6 @@
 #include "core_host/last_error.h"
 
 namespace velmora {
-
-namespace {
-
-// One frame a second is slower than any machine: such a rate, or one that is no number, is a core
-// that has nothing to say yet.
-bool isRate(double value) { return value > 1.0 && std::isfinite(value); }
-
-} // namespace
 
 // The commands that the host answers, each with its handler. All others are refused.
 struct LibretroHost::EnvironmentCommands {
@@ -175,7 +166,7 @@ constexpr LibretroHost::EnvironmentCommands::Command LibretroHost::EnvironmentCo
     {RETRO_ENVIRONMENT_SET_MESSAGE_EXT, MissingData::Handled, accept},
     {RETRO_ENVIRONMENT_SET_CORE_OPTIONS_V2, MissingData::Refused, on<setCoreOptionsV2>},
     {RETRO_ENVIRONMENT_SET_CORE_OPTIONS_V2_INTL, MissingData::Refused, on<setCoreOptionsV2Intl>},
-    // Part of no published header; some cores hand a word of flags in and read it back.
+    // Has no name here: a word of flags, of which the low four are granted.
     {87, MissingData::Accepted, on<keepLowFlags>},
     {RETRO_ENVIRONMENT_SET_MEMORY_MAPS, MissingData::Handled, accept},
     {RETRO_ENVIRONMENT_SET_SUPPORT_ACHIEVEMENTS, MissingData::Handled, accept},
@@ -199,20 +190,6 @@ bool LibretroHost::environment(std::uint32_t number, void* data) {
     if (!data && command->missingData != MissingData::Handled)
         return command->missingData == MissingData::Accepted;
     return command->handle(*this, data);
-}
-
-void LibretroHost::adoptTiming(const retro_system_timing& timing) {
-    if (isRate(timing.fps))
-        fps = timing.fps;
-    if (isRate(timing.sample_rate))
-        sampleRate = timing.sample_rate;
-}
-
-void LibretroHost::adoptGeometry(const retro_game_geometry& geometry) {
-    if (geometry.base_width != 0)
-        width = geometry.base_width;
-    if (geometry.base_height != 0)
-        height = geometry.base_height;
 }
 
 } // namespace velmora

@@ -1,3 +1,4 @@
+#include <cmath>
 #include <fstream>
 
 #include <velmora/libretro_host.h>
@@ -10,6 +11,10 @@
 namespace velmora {
 
 namespace {
+
+// One frame a second is slower than any machine: such a rate, or one that is no number, is a core
+// that has nothing to say yet.
+bool isRate(double value) { return value > 1.0 && std::isfinite(value); }
 
 bool readGame(const std::filesystem::path& path, std::vector<std::uint8_t>& bytes) {
     // A directory opens like a file and then reports an endless length; a pipe would be waited for.
@@ -64,6 +69,18 @@ bool LibretroHost::startGame(const std::filesystem::path& path) {
     if (!core.retro_load_game(&game))
         return fail(lastError, {"Core rejected ROM: ", utf8Path});
 
+    try {
+        finishGame();
+    } catch (...) {
+        // The core holds the game by now, and is to give it back.
+        gameLoaded = false;
+        noThrow([this] { core.retro_unload_game(); });
+        throw;
+    }
+    return true;
+}
+
+void LibretroHost::finishGame() {
     retro_system_av_info info = {};
     core.retro_get_system_av_info(&info);
     adoptTiming(info.timing);
@@ -71,7 +88,20 @@ bool LibretroHost::startGame(const std::filesystem::path& path) {
     core.retro_set_controller_port_device(0, RETRO_DEVICE_JOYPAD);
     gameLoaded = true;
     loadSram();
-    return true;
+}
+
+void LibretroHost::adoptTiming(const retro_system_timing& timing) {
+    if (isRate(timing.fps))
+        fps = timing.fps;
+    if (isRate(timing.sample_rate))
+        sampleRate = timing.sample_rate;
+}
+
+void LibretroHost::adoptGeometry(const retro_game_geometry& geometry) {
+    if (geometry.base_width != 0)
+        width = geometry.base_width;
+    if (geometry.base_height != 0)
+        height = geometry.base_height;
 }
 
 } // namespace velmora

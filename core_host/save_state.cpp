@@ -22,8 +22,10 @@ bool writeState(const std::vector<std::uint8_t>& state, const std::filesystem::p
     std::error_code ignored;
     std::filesystem::create_directories(path.parent_path(), ignored);
     QFile file(name);
-    // Through QFile's own buffer a small state would count as written on a disk that is full.
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
+    // A pipe would be waited for, and through QFile's own buffer a small state would count as
+    // written on a disk that is full.
+    if (std::filesystem::is_fifo(path, ignored) ||
+        !file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
         qWarning() << "Save state write failed" << name << file.errorString();
         return fail(lastError, {"Could not write save state file."});
     }

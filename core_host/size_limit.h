@@ -4,8 +4,8 @@
 
 namespace velmora {
 
-// No game or state that lives in memory comes near this. A file or a core that claims more is
-// broken, and is refused before a system that promises more memory than it has gets to pay it out.
-inline constexpr std::uint64_t sizeLimit = std::uint64_t{16} << 30;
+// No game, state or battery memory that lives in memory comes near this; cores with larger games
+// read them from the path. A file or a core that claims more is broken.
+inline constexpr std::uint64_t sizeLimit = std::uint64_t{4} << 30;
 
 } // namespace velmora

@@ -5,7 +5,7 @@
 // Opening code at run time, the way the system does it.
 namespace velmora::platform {
 
-// Opens the module at exactly `path`; a relative path counts from the current directory and is
+// Opens the module at `path`; a relative path counts from the current directory and is
 // never searched for. Null when that fails.
 void* openLibrary(const std::filesystem::path& path);
 

@@ -24,8 +24,8 @@ namespace velmora {
 //
 // Construct it after the QCoreApplication, else keys cannot be captured. Everything but the
 // play-time lookups runs on the application object's thread. Nothing here reports failure: a store
-// that cannot be written is silently left, and a malformed value counts as none. No operation
-// throws.
+// that cannot be written is silently left, and a value without a kind counts as no value. No
+// operation throws.
 class VELMORA_EXPORT InputBindings : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString systemId READ systemId WRITE setSystemId NOTIFY mappingChanged)
@@ -69,7 +69,8 @@ public:
 
     // --- The settings page: what is being edited ---
 
-    // The system being edited, "nes" at first. Any text is taken; a change ends a running capture.
+    // The system being edited, "nes" at first. Any text is taken, but an id is a word without
+    // slashes; a change ends a running capture.
     QString systemId() const;
     void setSystemId(const QString& id);
 

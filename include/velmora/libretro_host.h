@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <mutex>
+#include <span>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -65,9 +66,9 @@ public:
     void runFrame();
 
     // Writes the core's state to the file at `path`: exactly the bytes of retro_serialize, no
-    // header. Missing parent directories are made; an existing file is replaced. Waits for a frame
-    // in progress. False: no game, the core cannot or would not, or the file could not be written
-    // whole (the old content is then gone).
+    // header. Missing parent directories are made; an existing file is overwritten in place. Waits
+    // for a frame in progress. False: no game, the core cannot or would not, or the file could not
+    // be opened, or not be written whole (only then is the old content gone).
     bool saveState(const std::filesystem::path& path);
 
     // Gives the core the state in the file at `path`. A file of another size than the core expects
@@ -128,7 +129,7 @@ private:
                                         unsigned int id);
     static void logThunk(retro_log_level level, const char* format, ...);
 
-    bool environment(std::uint32_t command, void* data);
+    bool environment(std::uint32_t number, void* data);
     void adoptTiming(const retro_system_timing& timing);
     void adoptGeometry(const retro_game_geometry& geometry);
     void registerVariable(const char* key, const char* value);
@@ -137,6 +138,8 @@ private:
     void registerOptionDefinitionsV2(const retro_core_option_v2_definition* list);
     bool readVariable(retro_variable& variable) const;
     bool startGame(const std::filesystem::path& path);
+    void finishGame();
+    std::span<char> batteryMemory() const;
     bool loadSram();
     bool takeState(std::vector<std::uint8_t>& state);
     bool offerState(const QByteArray& state, std::size_t coreSize);

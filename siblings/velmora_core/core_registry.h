@@ -7,8 +7,8 @@
 
 namespace velmora {
 
-// Stands in for the application's own catalogue of cores, with one entry for each system. A build
-// that has the real VelmoraCore takes that in place of this directory.
+// Stands in for the application's own catalogue of cores, with one entry for each system. To
+// build with the real VelmoraCore, put it in this directory's place.
 class CoreRegistry {
 public:
     // One descriptor for each system, in the order in which a page lists them.
