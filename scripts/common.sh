@@ -22,3 +22,17 @@ quietly() { # COMMAND...: its output is shown only when it fails
     rm -f "$output"
     return 1
 }
+
+configure_release() { # [CMAKE OPTION...]
+    if [ -e build/release/build.ninja ]; then
+        quietly cmake "$@" build/release || die "the configuration failed"
+        return
+    fi
+    say "building, which takes a minute the first time"
+    # Only scripts/test wants the tests, and installs their libraries.
+    quietly cmake --preset release -DVELMORA_BUILD_TESTS=OFF "$@" || die "the configuration failed"
+}
+
+build_release() { # TARGET...
+    quietly cmake --build --preset release --target "$@" || die "the build failed"
+}

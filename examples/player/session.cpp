@@ -1,0 +1,129 @@
+#include "session.h"
+
+#include <cstdint>
+#include <cstdio>
+#include <vector>
+
+#include <SDL3/SDL.h>
+
+namespace player {
+namespace {
+
+constexpr std::size_t cushionsPerSecond = 25;
+
+// A rate that no device has counts as none: the default then applies.
+int rateOf(double sampleRate) {
+    const bool plausible = sampleRate >= 1.0 && sampleRate <= 768000.0;
+    return plausible ? static_cast<int>(sampleRate + 0.5) : 0;
+}
+
+// Battery saves fail silently, so what stands in their way is told beforehand.
+void makeDirectory(const std::filesystem::path& directory) {
+    std::error_code error;
+    std::filesystem::create_directories(directory, error);
+    if (error) {
+        std::fprintf(stderr, "velmora-player: nothing will be saved: %s: %s\n",
+                     toUtf8(directory).c_str(), error.message().c_str());
+    }
+}
+
+} // namespace
+
+SdlLibrary::~SdlLibrary() {
+    SDL_RemoveEventWatch(noteQuit, this);
+    SDL_Quit();
+}
+
+bool SdlLibrary::open() {
+    if (!SDL_Init(SDL_INIT_VIDEO)) {
+        return false;
+    }
+    SDL_AddEventWatch(noteQuit, this);
+    if (!SDL_InitSubSystem(SDL_INIT_AUDIO)) {
+        std::fprintf(stderr, "velmora-player: no sound: %s\n", SDL_GetError());
+    }
+    return true;
+}
+
+bool SdlLibrary::noteQuit(void* library, SDL_Event* event) {
+    if (event->type == SDL_EVENT_QUIT) {
+        static_cast<SdlLibrary*>(library)->quitRequested = true;
+    }
+    return true;
+}
+
+Session::~Session() {
+    // The window goes first: on the hardware path its end calls into the core.
+    video.destroy();
+    host.unload();
+}
+
+bool Session::start(const Options& options) {
+    if (!sdl.open()) {
+        failure = std::string("no display: ") + SDL_GetError();
+        return false;
+    }
+    host.video = &video;
+    host.audio = &audio;
+    host.input = &input;
+    input.systemId = options.systemId;
+    input.open();
+    makeDirectory(options.saveDirectory);
+    host.setDirectories(options.systemDirectory, options.saveDirectory);
+    if (!host.loadCore(options.core) || !host.loadGame(options.game)) {
+        failure = host.lastError;
+        return false;
+    }
+    if (!openWindow(options)) {
+        failure = std::string("no window: ") + SDL_GetError();
+        return false;
+    }
+    audio.muted = options.muted;
+    openSound();
+    return true;
+}
+
+void Session::followSampleRate() {
+    if (rateOf(host.sampleRate) != soundRate) {
+        openSound();
+    }
+}
+
+void Session::cushionSound() {
+    const auto frames = static_cast<std::size_t>(soundRate) / cushionsPerSecond;
+    const std::vector<std::int16_t> silence(2 * frames);
+    audio.push(silence.data(), frames);
+}
+
+void Session::followGamepad() {
+    const bool connected = input.pad != nullptr && SDL_GamepadConnected(input.pad);
+    if (!connected && (input.pad != nullptr || SDL_HasGamepad())) {
+        input.open();
+    }
+}
+
+bool Session::openWindow(const Options& options) {
+    const std::string title = toUtf8(options.game.stem()) + " - Velmora";
+    if (!video.create(title, static_cast<int>(host.width), static_cast<int>(host.height))) {
+        return false;
+    }
+    if (options.fullscreen && !video.setFullscreen(true)) {
+        std::fprintf(stderr, "velmora-player: no fullscreen: %s\n", SDL_GetError());
+    }
+    return true;
+}
+
+void Session::openSound() {
+    soundRate = rateOf(host.sampleRate);
+    if (!SDL_WasInit(SDL_INIT_AUDIO)) {
+        return;
+    }
+    if (!audio.open(soundRate)) {
+        std::fprintf(stderr, "velmora-player: no sound: %s\n", SDL_GetError());
+        return;
+    }
+    std::printf("audio %d Hz\n", soundRate > 0 ? soundRate : 48000);
+    std::fflush(stdout);
+}
+
+} // namespace player

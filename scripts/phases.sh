@@ -1,0 +1,48 @@
+# shellcheck shell=bash
+# Builds and test runs that are counted together; sourced after common.sh by the test scripts.
+
+passed=0
+failed=0
+skipped=0
+
+summary() { echo "$passed passed, $failed failed, $skipped skipped"; }
+
+phase() { # NAME COMMAND...: nothing follows a phase that could not be carried out
+    local name=$1 start=$SECONDS
+    shift
+    say "$name"
+    if ! "$@"; then
+        say "$name failed"
+        failed=$((failed + 1))
+        summary
+        exit 1
+    fi
+    say "$name: $((SECONDS - start)) s"
+}
+
+build() { # PRESET
+    local werror=OFF
+    [ "${CI:-}" != true ] || werror=ON
+    quietly cmake --preset "$1" -DVELMORA_BUILD_TESTS=ON -DVELMORA_WARNINGS_AS_ERRORS=$werror &&
+        quietly cmake --build --preset "$1"
+}
+
+count() { # LOG: adds the outcome of one ctest run to the totals
+    local total bad left_out
+    read -r bad total < <(sed -nE 's/.* ([0-9]+) tests? failed out of ([0-9]+)$/\1 \2/p' "$1")
+    left_out=$(grep -c '\*\*\*Skipped' "$1") || true
+    failed=$((failed + bad))
+    skipped=$((skipped + left_out))
+    passed=$((passed + total - bad - left_out))
+}
+
+run_tests() { # PRESET [CTEST ARGUMENT...]: a failing test is counted and does not stop the rest
+    local log status=0
+    log=$(mktemp)
+    ctest --preset "$1" -j "$(nproc)" "${@:2}" </dev/null 2>&1 | tee "$log" || status=$?
+    grep -qE 'tests? failed out of' "$log" || return 1
+    count "$log"
+    rm -f "$log"
+    # A run that failed for another reason than a test is not to look like a success.
+    [ "$status" = 0 ] || [ "$failed" -gt 0 ]
+}
