@@ -15,5 +15,8 @@ install(FILES
     ${CMAKE_CURRENT_BINARY_DIR}/VelmoraHostConfigVersion.cmake
     DESTINATION ${package_dir})
 
+# Found from where the file lies, so that the installed tree may be moved.
+file(RELATIVE_PATH prefix_from_pkgconfig /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+string(REGEX REPLACE "/$" "" prefix_from_pkgconfig ${prefix_from_pkgconfig})
 configure_file(cmake/velmorahost.pc.in velmorahost.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/velmorahost.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

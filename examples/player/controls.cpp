@@ -1,12 +1,9 @@
 #include "controls.h"
 
-#include <QSettings>
-
 #include <SDL3/SDL_gamepad.h>
 #include <SDL3/SDL_keyboard.h>
 
 #include <velmora/input_bindings.h>
-#include <velmora/settings_keys.h>
 
 namespace player {
 namespace {
@@ -38,9 +35,6 @@ void Controls::read(const InputBindings& bindings, SDL_Gamepad* pad) {
     // core polls nothing.
     const bool* keys = SDL_GetKeyboardState(nullptr);
 
-    // Each lookup opens the settings store for itself, and Qt forgets a large store's parsed file
-    // with the last object on it. This one keeps it for all ten.
-    const QSettings keepParsed(velmora::settingskeys::org(), velmora::settingskeys::app());
     for (std::size_t i = 0; i < specialCount; ++i) {
         now[i] = bindings.specialHeld(InputBindings::Pause + static_cast<int>(i), keys, pad);
     }

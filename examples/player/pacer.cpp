@@ -15,19 +15,17 @@ std::uint64_t periodOf(double rate) {
 
 } // namespace
 
-bool Pacer::wait(double rate) {
+void Pacer::wait(double rate) {
     const std::uint64_t now = SDL_GetTicksNS();
     const bool first = period == 0;
     period = periodOf(rate);
     due += period;
     if (first || now > due + latePassesMadeUp * period) {
         due = now;
-        return first;
     }
     if (now < due) {
         SDL_DelayPrecise(due - now);
     }
-    return true;
 }
 
 bool Pacer::behind() const { return SDL_GetTicksNS() > due + period; }

@@ -9,9 +9,8 @@ namespace player {
 class Pacer {
 public:
     // Sleeps until the next pass is due, `rate` passes a second. What cannot be made up for within
-    // a few passes, such as a dragged window or a suspended machine, is given up: the result is
-    // then false.
-    bool wait(double rate);
+    // a few passes, such as a dragged window or a suspended machine, is given up.
+    void wait(double rate);
 
     // More than a whole pass is missing: better to leave out a picture than to slow down the game.
     bool behind() const;

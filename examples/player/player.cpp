@@ -74,9 +74,7 @@ void Player::run() {
         followPointer();
         takeActions();
         notices.update();
-        if (paused()) {
-            soundFlows = false;
-        } else {
+        if (!paused()) {
             runFrame();
         }
         show();
@@ -181,11 +179,6 @@ bool Player::paused() {
 
 void Player::runFrame() {
     session.audio.suspended = options.uncapped || controls.held(InputBindings::FastForward);
-    const bool flows = !session.audio.suspended && !session.audio.muted;
-    if (flows && !soundFlows) {
-        session.cushionSound();
-    }
-    soundFlows = flows;
     session.host.runFrame();
     ++frames;
     session.followSampleRate();
@@ -216,10 +209,7 @@ void Player::pace() {
     if (paused()) {
         pacer.wait(pausedRate);
     } else if (!options.uncapped) {
-        const int speed = session.audio.suspended ? fastForwardSpeed : 1;
-        const bool inTime = pacer.wait(session.host.fps * speed);
-        // Sound that was not made in time is missing from its queue from then on.
-        soundFlows = soundFlows && inTime;
+        pacer.wait(session.host.fps * (session.audio.suspended ? fastForwardSpeed : 1));
     }
 }
 

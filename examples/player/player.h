@@ -74,7 +74,6 @@ private:
 
     bool leaving = false;
     bool awaitingRelease = false;
-    bool soundFlows = false;
     int volumeSteps = 10; // tenths of the unchanged loudness
     int pointerX = 0;
     int pointerY = 0;

@@ -1,15 +1,11 @@
 #include "session.h"
 
-#include <cstdint>
 #include <cstdio>
-#include <vector>
 
 #include <SDL3/SDL.h>
 
 namespace player {
 namespace {
-
-constexpr std::size_t cushionsPerSecond = 25;
 
 // A rate that no device has counts as none: the default then applies.
 int rateOf(double sampleRate) {
@@ -87,12 +83,6 @@ void Session::followSampleRate() {
     if (rateOf(host.sampleRate) != soundRate) {
         openSound();
     }
-}
-
-void Session::cushionSound() {
-    const auto frames = static_cast<std::size_t>(soundRate) / cushionsPerSecond;
-    const std::vector<std::int16_t> silence(2 * frames);
-    audio.push(silence.data(), frames);
 }
 
 void Session::followGamepad() {

@@ -3,11 +3,14 @@
 #include <atomic>
 #include <string>
 
+#include <QSettings>
+
 #include <velmora/input_bindings.h>
 #include <velmora/libretro_host.h>
 #include <velmora/sdl_audio.h>
 #include <velmora/sdl_input.h>
 #include <velmora/sdl_video.h>
+#include <velmora/settings_keys.h>
 
 #include "options.h"
 
@@ -48,10 +51,6 @@ public:
     // Cores may change their sample rate in any frame.
     void followSampleRate();
 
-    // Puts a little silence ahead of sound that starts or starts again. The device takes its blocks
-    // when it likes and a frame may be late: with an empty queue each time is a click.
-    void cushionSound();
-
     // Opens a gamepad that was plugged in, or lets go of one that was pulled out.
     void followGamepad();
 
@@ -62,6 +61,11 @@ private:
     void openSound();
 
     int soundRate = 0;
+
+    // Every lookup of a binding, here and in SdlInput::poll, opens the settings store for itself,
+    // and Qt forgets a large store's parsed file with the last object on it. This one lives as long
+    // as the game: it is never read, and hides no edit made elsewhere.
+    const QSettings keepsFileParsed{velmora::settingskeys::org(), velmora::settingskeys::app()};
 
 public:
     SdlLibrary sdl;
