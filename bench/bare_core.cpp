@@ -7,7 +7,13 @@
 namespace velmora::bench {
 namespace {
 
+// Some cores do not start without a directory.
 bool environment(unsigned command, void* data) {
+    if (command == RETRO_ENVIRONMENT_GET_SYSTEM_DIRECTORY ||
+        command == RETRO_ENVIRONMENT_GET_SAVE_DIRECTORY) {
+        *static_cast<const char**>(data) = "/tmp";
+        return true;
+    }
     if (command == RETRO_ENVIRONMENT_SET_PIXEL_FORMAT)
         return true;
     if (command == RETRO_ENVIRONMENT_GET_VARIABLE_UPDATE) {

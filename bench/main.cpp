@@ -16,6 +16,8 @@ int main(int argc, char** argv) {
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
                        QString::fromStdString(settings.path().string()));
     const QCoreApplication application(argc, argv);
+    // How fast somebody's terminal takes log lines is not measured.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     SDL_SetHint(SDL_HINT_VIDEO_DRIVER, "offscreen");
     SDL_SetHint(SDL_HINT_AUDIO_DRIVER, "dummy");
     if (!SDL_Init(SDL_INIT_VIDEO | SDL_INIT_AUDIO)) {

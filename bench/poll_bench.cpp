@@ -4,6 +4,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include <optional>
+
 #include <velmora/input_bindings.h>
 #include <velmora/sdl_input.h>
 #include <velmora/settings_keys.h>
@@ -21,8 +23,12 @@ void fillStore(long keys) {
                        QStringLiteral("value"));
 }
 
-void poll(benchmark::State& state) {
+// With `kept`, as in a frontend that keeps an object on the store for the whole session.
+void poll(benchmark::State& state, bool kept) {
     fillStore(state.range(0));
+    std::optional<QSettings> living;
+    if (kept)
+        living.emplace(settingskeys::org(), settingskeys::app());
     const InputBindings bindings;
     SdlInput input;
     input.systemId = "snes";
@@ -44,10 +50,11 @@ void sixteenReads(benchmark::State& state) {
 
 [[maybe_unused]] const bool registered = [] {
     for (const long keys : {0L, 20L, 500L}) {
-        benchmark::RegisterBenchmark("poll", poll)->Arg(keys);
+        benchmark::RegisterBenchmark("poll", poll, false)->Arg(keys);
+        benchmark::RegisterBenchmark("poll_kept", poll, true)->Arg(keys);
         benchmark::RegisterBenchmark("sixteen_reads", sixteenReads)->Arg(keys);
         const std::string size = std::to_string(keys);
-        addRatio({"poll against sixteen bare reads, a store of " + size, "poll/" + size,
+        addRatio({"poll against sixteen bare reads, a store of " + size, "poll_kept/" + size,
                   "sixteen_reads/" + size, Aim::CostAtMost, 1.1});
     }
     addRatio(

@@ -20,7 +20,9 @@ class ShortestTimes : public benchmark::ConsoleReporter {
 public:
     void ReportRuns(const std::vector<Run>& runs) override {
         for (const Run& run : runs) {
-            if (run.run_type == Run::RT_Iteration && !run.error_occurred)
+            if (run.error_occurred)
+                std::fprintf(stderr, "%s: %s\n", nameOf(run).c_str(), run.error_message.c_str());
+            else if (run.run_type == Run::RT_Iteration)
                 keep(run);
         }
     }
@@ -49,13 +51,16 @@ public:
     }
 
 private:
+    static std::string nameOf(const Run& run) {
+        const std::string& arguments = run.run_name.args;
+        return run.run_name.function_name + (arguments.empty() ? "" : "/") + arguments;
+    }
+
     void keep(const Run& run) {
-        const double seconds = run.real_accumulated_time / static_cast<double>(run.iterations);
-        const auto [place, fresh] = nanoseconds.try_emplace(
-            run.run_name.function_name + (run.run_name.args.empty() ? "" : "/") + run.run_name.args,
-            seconds * 1e9);
+        const double time = run.real_accumulated_time / static_cast<double>(run.iterations) * 1e9;
+        const auto [place, fresh] = nanoseconds.try_emplace(nameOf(run), time);
         if (!fresh)
-            place->second = std::min(place->second, seconds * 1e9);
+            place->second = std::min(place->second, time);
     }
 
     std::map<std::string, double> nanoseconds;

@@ -17,6 +17,7 @@ struct Session {
         host.video = &video;
         host.audio = &audio;
         host.input = &input;
+        host.setDirectories(directory.path(), directory.path());
         running =
             host.loadCore(core) && host.loadGame(game) &&
             video.create("bench", static_cast<int>(host.width), static_cast<int>(host.height));
@@ -24,6 +25,8 @@ struct Session {
     }
     ~Session() { video.destroy(); }
 
+    // Some cores do not start without directories.
+    test::ScratchDirectory directory;
     SdlVideo video;
     SdlAudio audio;
     SdlInput input;
