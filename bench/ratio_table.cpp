@@ -15,13 +15,23 @@ std::vector<Ratio>& table() {
     return rows;
 }
 
+// Why a benchmark stopped early, empty when it did not; the members' names depend on the version of
+// Google Benchmark.
+template <class Run>
+std::string errorOf(const Run& run) {
+    if constexpr (requires { run.error_occurred; })
+        return run.error_occurred ? run.error_message : std::string();
+    else
+        return run.skipped ? run.skip_message : std::string();
+}
+
 // Keeps the shortest of a benchmark's repetitions: what disturbs a run only ever makes it longer.
 class ShortestTimes : public benchmark::ConsoleReporter {
 public:
     void ReportRuns(const std::vector<Run>& runs) override {
         for (const Run& run : runs) {
-            if (run.error_occurred)
-                std::fprintf(stderr, "%s: %s\n", nameOf(run).c_str(), run.error_message.c_str());
+            if (const std::string error = errorOf(run); !error.empty())
+                std::fprintf(stderr, "%s: %s\n", nameOf(run).c_str(), error.c_str());
             else if (run.run_type == Run::RT_Iteration)
                 keep(run);
         }

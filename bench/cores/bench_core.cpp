@@ -1,6 +1,7 @@
 // A core that does nothing but call back as often as its game file says: a text of `key=count`
 // words with the keys `video`, `audio`, `poll`, `state` (calls per frame) and `bytes` (size of a
 // state).
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <string>

@@ -150,8 +150,8 @@ public:
     Q_INVOKABLE QString bindingLabel(int buttonId) const;
     // The same, short; empty for no binding.
     Q_INVOKABLE QString bindingCaption(int buttonId) const;
-    // Brings up SDL's gamepads and reads `gamepadName`. SDL then takes over SIGINT and SIGTERM unless
-    // SDL_HINT_NO_SIGNAL_HANDLERS was set before.
+    // Brings up SDL's gamepads and reads `gamepadName`. SDL then takes over SIGINT and SIGTERM
+    // unless SDL_HINT_NO_SIGNAL_HANDLERS was set before.
     Q_INVOKABLE void prepare();
 
 protected:

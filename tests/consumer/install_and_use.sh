@@ -22,7 +22,7 @@ step() { # COMMAND...: its output is shown only when it fails
 step "$CMAKE" --install "$build" --prefix "$prefix"
 libraries=$(dirname "$(find "$prefix" -name 'libVelmoraHost.so')")
 
-step "$CMAKE" -S "$project" -B "$scratch/cmake" -DCMAKE_PREFIX_PATH="$prefix"
+step "$CMAKE" -G "$GENERATOR" -S "$project" -B "$scratch/cmake" -DCMAKE_PREFIX_PATH="$prefix"
 grep -q "^VelmoraHost_DIR:PATH=$prefix/" "$scratch/cmake/CMakeCache.txt"
 step "$CMAKE" --build "$scratch/cmake"
 step "$scratch/cmake/consumer" "$core" "$game"

@@ -44,7 +44,10 @@ TEST_F(Game, ReachesTheCoreTheWayItWants) {
 TEST_F(Game, ThatCannotBeReadOrIsRejectedLeavesTheCoreReady) {
     std::filesystem::create_directory(scratch / "directory");
     writeFile(scratch / "huge.bin", "x");
-    std::filesystem::resize_file(scratch / "huge.bin", std::uintmax_t{1} << 40);
+    std::error_code tooLargeHere; // for Windows, whose file of one byte then goes as well
+    std::filesystem::resize_file(scratch / "huge.bin", std::uintmax_t{1} << 40, tooLargeHere);
+    if (tooLargeHere)
+        std::filesystem::remove(scratch / "huge.bin");
     writeFile(scratch / "empty.bin", "");
     host.setDirectories(scratch.path(), scratch.path());
     EXPECT_FALSE(host.loadGame(game));
