@@ -3,6 +3,7 @@
 #include <SDL3/SDL_render.h>
 #include <SDL3/SDL_stdinc.h>
 #include <SDL3/SDL_surface.h>
+#include <SDL3/SDL_video.h>
 
 #include <algorithm>
 #include <limits>
@@ -58,7 +59,11 @@ bool SdlVideo::captureScreenshot(const std::string& path) {
 }
 
 bool SdlVideo::captureSoftware(const std::string& path) {
-    return renderer && save(Surface(SDL_RenderReadPixels(renderer, nullptr)), path);
+    if (!renderer)
+        return false;
+    // While a resize is on its way, Mesa reads beyond the picture that it still has.
+    SDL_SyncWindow(window);
+    return save(Surface(SDL_RenderReadPixels(renderer, nullptr)), path);
 }
 
 bool SdlVideo::captureHardware(const std::string& path) {
