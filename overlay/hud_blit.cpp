@@ -7,7 +7,10 @@
 namespace velmora {
 
 void SdlVideo::blitRgba(int x, int y, int w, int h, const void* pixels) {
-    if (!makeCurrent() || !gl.glGenTextures || !gl.glTexImage2D || !gl.glBlitFramebuffer)
+    const bool complete = gl.glGenTextures && gl.glBindTexture && gl.glTexParameteri &&
+                          gl.glTexImage2D && gl.glGenFramebuffers && gl.glBindFramebuffer &&
+                          gl.glFramebufferTexture2D && gl.glBlitFramebuffer;
+    if (!makeCurrent() || !complete)
         return;
     if (!hudTexture)
         gl.glGenTextures(1, &hudTexture);

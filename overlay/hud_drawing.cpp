@@ -1,7 +1,6 @@
 #include <velmora/sdl_video.h>
 
 #include <SDL3/SDL_render.h>
-#include <SDL3/SDL_surface.h>
 #include <SDL3/SDL_video.h>
 
 #include <memory>
@@ -9,19 +8,16 @@
 
 #include "overlay/hud_elements.h"
 #include "support/no_throw.h"
+#include "video/surface.h"
 
 namespace velmora {
 namespace {
-
-struct SurfaceDeleter {
-    void operator()(SDL_Surface* surface) const { SDL_DestroySurface(surface); }
-};
 
 struct RendererDeleter {
     void operator()(SDL_Renderer* renderer) const { SDL_DestroyRenderer(renderer); }
 };
 
-// False when the memory for it is not to be had; nothing of the element is drawn then.
+// False when the memory for it is not to be had; of the element nothing is drawn then.
 bool drawElement(const HudElement& element, const HudCanvas& canvas, const PlayHud& hud) {
     return orElse(false, [&] {
         element.draw(canvas, hud);
@@ -63,8 +59,7 @@ void SdlVideo::renderHudSdl(int w, int h) {
 }
 
 void SdlVideo::composePanel(int x, int y, int w, int h, const HudElement& element) {
-    const std::unique_ptr<SDL_Surface, SurfaceDeleter> surface(
-        SDL_CreateSurface(w, h, SDL_PIXELFORMAT_RGBA32));
+    const Surface surface(SDL_CreateSurface(w, h, SDL_PIXELFORMAT_RGBA32));
     if (!surface)
         return;
     const std::unique_ptr<SDL_Renderer, RendererDeleter> painter(

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <string>
+#include <string_view>
 
 struct SDL_Window;
 
@@ -23,8 +23,8 @@ void* createPopupMenu() noexcept;
 void destroyMenu(void* menu) noexcept;
 
 // Each adds at the end. `appendSubmenu` hands `submenu` over to `menu`.
-void appendItem(void* menu, int id, const std::string& label, bool enabled) noexcept;
-void appendSubmenu(void* menu, void* submenu, const std::string& label) noexcept;
+void appendItem(void* menu, int id, std::string_view label, bool enabled) noexcept;
+void appendSubmenu(void* menu, void* submenu, std::string_view label) noexcept;
 void appendSeparator(void* menu) noexcept;
 
 int itemCount(void* menu) noexcept;

@@ -6,7 +6,7 @@
 
 #include <velmora/sdl_video.h>
 
-// Every GL entry point that the library uses or offers, in the order in which they are resolved.
+// Every GL entry point of the table, in the order in which they are resolved.
 #define VELMORA_GL_FUNCTIONS(X)                                                                    \
     X(glGenFramebuffers)                                                                           \
     X(glDeleteFramebuffers)                                                                        \

@@ -100,7 +100,7 @@ std::uintptr_t SdlVideo::currentFramebuffer() const { return fbo; }
 std::uintptr_t SdlVideo::framebufferThunk() { return active ? active->currentFramebuffer() : 0; }
 
 retro_proc_address_t SdlVideo::procAddressThunk(const char* symbol) {
-    return SDL_GL_GetProcAddress(symbol);
+    return symbol ? SDL_GL_GetProcAddress(symbol) : nullptr;
 }
 
 bool SdlVideo::createFbo(unsigned int width, unsigned int height) {

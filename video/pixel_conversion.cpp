@@ -38,7 +38,7 @@ void convertPlain(const unsigned char* __restrict src, std::uint32_t* __restrict
     }
 }
 
-#if VELMORA_HAVE_AVX2_LOOP
+#ifdef VELMORA_HAVE_AVX2_LOOP
 
 constexpr std::size_t blockPixels = 16;
 
@@ -89,7 +89,7 @@ VELMORA_AVX2 void convertAvx2(const unsigned char* src, std::uint32_t* dst, std:
 
 template <PixelLayout layout>
 void convert(const unsigned char* src, std::uint32_t* dst, std::size_t count) {
-#if VELMORA_HAVE_AVX2_LOOP
+#ifdef VELMORA_HAVE_AVX2_LOOP
     if (count >= blockPixels && __builtin_cpu_supports("avx2")) {
         convertAvx2<layout>(src, dst, count);
         return;

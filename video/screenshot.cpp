@@ -2,27 +2,23 @@
 
 #include <SDL3/SDL_render.h>
 #include <SDL3/SDL_stdinc.h>
-#include <SDL3/SDL_surface.h>
 #include <SDL3/SDL_video.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <limits>
 #include <memory>
 
 #include "video/gl_functions.h"
+#include "video/surface.h"
 
 namespace velmora {
 namespace {
-
-struct SurfaceDeleter {
-    void operator()(SDL_Surface* surface) const { SDL_DestroySurface(surface); }
-};
 
 struct MemoryDeleter {
     void operator()(void* memory) const { SDL_free(memory); }
 };
 
-using Surface = std::unique_ptr<SDL_Surface, SurfaceDeleter>;
 using Pixels = std::unique_ptr<unsigned char, MemoryDeleter>;
 
 constexpr int bytesPerPixel = 4;
@@ -77,8 +73,12 @@ bool SdlVideo::captureHardware(const std::string& path) {
 
     if (fbo != 0)
         gl.glBindFramebuffer(GL_READ_FRAMEBUFFER, fbo);
-    if (gl.glPixelStorei)
+    // What a core left of these would move the rows apart, beyond the buffer's end.
+    if (gl.glPixelStorei) {
         gl.glPixelStorei(GL_PACK_ALIGNMENT, 1);
+        for (const GLenum name : {GL_PACK_ROW_LENGTH, GL_PACK_SKIP_ROWS, GL_PACK_SKIP_PIXELS})
+            gl.glPixelStorei(name, 0);
+    }
     gl.glReadPixels(0, 0, width, height, GL_RGBA, GL_UNSIGNED_BYTE, pixels.get());
     if (fbo != 0)
         gl.glBindFramebuffer(GL_FRAMEBUFFER, 0);

@@ -38,7 +38,8 @@ int play(const char* core, const char* game, long frameLimit) {
     if (!video.create(game, static_cast<int>(host.width), static_cast<int>(host.height))) {
         return fail(SDL_GetError());
     }
-    audio.open(static_cast<int>(host.sampleRate)); // without a device the game is silent
+    // Without a device the game is silent.
+    audio.open(static_cast<int>(std::min(host.sampleRate, 768000.0)));
 
     bool quit = false;
     Uint64 due = SDL_GetTicksNS();

@@ -37,6 +37,7 @@ void Player::act(int code) {
     for (const Duty& duty : duties) {
         if (code >= duty.first && code < duty.first + duty.count) {
             (this->*duty.perform)(code - duty.first);
+            return;
         }
     }
 }

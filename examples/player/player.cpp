@@ -70,6 +70,9 @@ void Player::run() {
     savedAt = SDL_GetTicks();
     while (!leaving) {
         session.video.pumpEvents(leaving);
+        if (leaving) {
+            break;
+        }
         readControls();
         followPointer();
         takeActions();
@@ -104,13 +107,17 @@ bool Player::finish() {
 
 void Player::readControls() {
     controls.read(session.bindings, session.input.pad);
+    const bool menuWasOpen = hud.menuOpen;
     for (const SpecialAction& row : specialActions) {
         if (controls.pressed(row.special)) {
             act(row.code);
         }
     }
     readVolumeKeys();
-    readMenuKeys();
+    // A press that has just opened or closed the menu is not also a key in it.
+    if (hud.menuOpen == menuWasOpen) {
+        readMenuKeys();
+    }
 }
 
 // The panel stays up as long as one of the keys is down.

@@ -42,7 +42,7 @@ public:
     // Opens the window for software frames, three times `width` by `height` (at least 160 by 144)
     // window units, with the first renderer that comes up. While a core's OpenGL window stands it
     // only sets the title. An older software window is destroyed first. False: no window, no
-    // renderer, or a size whose threefold does not fit an int; no window is open then.
+    // renderer, or a window side beyond 16384; no window is open then.
     bool create(const std::string& title, int width, int height);
 
     // Tears everything down: the core's context_destroy, GL objects, renderer, menu, window. Events
@@ -83,13 +83,13 @@ public:
 
     // Shows the newest picture, fitted to the window by its pixel ratio with nearest-neighbour
     // scaling and bars, with the overlay on top. Waits for the display's refresh where the driver
-    // does so. Nothing is shown before the first frame.
+    // does so. On the software path nothing is shown before the first frame.
     void present();
 
     // Writes the current picture to `path`, UTF-8, as a Windows bitmap whatever its extension. The
     // software path takes the window's picture as drawn, bars and overlay included; the hardware
-    // path takes the core's whole framebuffer. False: no picture, an empty path, or the file could
-    // not be written.
+    // path takes the core's whole framebuffer. May wait for a resize under way. False: no picture,
+    // an empty path, or the file could not be written.
     bool captureScreenshot(const std::string& path);
 
     // --- Hardware rendering, called on behalf of the core ---
@@ -97,12 +97,12 @@ public:
     // Opens an OpenGL window with the context that `callback` asks for, twice `width` by `height`
     // (at least 320 by 240) window units, gives the core a framebuffer object of at least 640 by
     // 480, and runs the core's context_reset. A window that was open is destroyed. False: no such
-    // context; or asked for by the core's own context_reset or context_destroy, and then what runs
-    // goes on undisturbed.
+    // context, or a window side beyond 16384; or asked for by the core's own context_reset or
+    // context_destroy, and then what runs goes on undisturbed.
     bool setupHardware(const retro_hw_render_callback& callback, int width, int height);
 
     // Gives the core's framebuffer a new size, at least 256 by 224 pixels; the same size keeps its
-    // names. Nothing on the software path.
+    // names, and a side beyond 16384 leaves it as it is. Nothing on the software path.
     void resizeHardwareBuffers(unsigned int width, unsigned int height);
 
     // The GL name of the framebuffer the core draws into, 0 for none. It can change on a resize.

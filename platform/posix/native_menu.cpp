@@ -4,6 +4,7 @@
 #include <SDL3/SDL_video.h>
 
 #include <memory>
+#include <string>
 
 #include <velmora/play_menu.h>
 
@@ -27,12 +28,12 @@ void* createMenu() noexcept {
     });
 }
 
-void append(void* menu, Kind kind, int id, const std::string& label, bool enabled,
+void append(void* menu, Kind kind, int id, std::string_view label, bool enabled,
             PlayMenu* submenu) noexcept {
     if (!menu)
         return;
     noThrow([&] {
-        asMenu(menu)->items.push_back({kind, id, label, enabled, false, nullptr});
+        asMenu(menu)->items.push_back({kind, id, std::string(label), enabled, false, nullptr});
         asMenu(menu)->items.back().submenu.reset(submenu);
     });
 }
@@ -45,11 +46,11 @@ void* createPopupMenu() noexcept { return createMenu(); }
 
 void destroyMenu(void* menu) noexcept { delete asMenu(menu); }
 
-void appendItem(void* menu, int id, const std::string& label, bool enabled) noexcept {
+void appendItem(void* menu, int id, std::string_view label, bool enabled) noexcept {
     append(menu, Kind::item, id, label, enabled, nullptr);
 }
 
-void appendSubmenu(void* menu, void* submenu, const std::string& label) noexcept {
+void appendSubmenu(void* menu, void* submenu, std::string_view label) noexcept {
     append(menu, Kind::submenu, 0, label, true, asMenu(submenu));
 }
 

@@ -7,6 +7,7 @@
 #include <SDL3/SDL_system.h>
 #include <SDL3/SDL_video.h>
 
+#include <string>
 #include <utility>
 
 #include "support/no_throw.h"
@@ -28,7 +29,7 @@ HWND nativeHandle(SDL_Window* window) {
                                                     SDL_PROP_WINDOW_WIN32_HWND_POINTER, nullptr));
 }
 
-std::wstring toWide(const std::string& text) {
+std::wstring toWide(std::string_view text) {
     if (text.empty() || !std::in_range<int>(text.size()))
         return {};
     const int size = static_cast<int>(text.size());
@@ -38,7 +39,7 @@ std::wstring toWide(const std::string& text) {
     return wide;
 }
 
-void append(void* menu, UINT flags, UINT_PTR id, const std::string& label) noexcept {
+void append(void* menu, UINT flags, UINT_PTR id, std::string_view label) noexcept {
     noThrow([&] { AppendMenuW(asMenu(menu), flags, id, toWide(label).c_str()); });
 }
 
@@ -83,11 +84,11 @@ void destroyMenu(void* menu) noexcept {
         DestroyMenu(asMenu(menu));
 }
 
-void appendItem(void* menu, int id, const std::string& label, bool enabled) noexcept {
+void appendItem(void* menu, int id, std::string_view label, bool enabled) noexcept {
     append(menu, enabled ? MF_STRING : MF_STRING | MF_GRAYED, static_cast<UINT_PTR>(id), label);
 }
 
-void appendSubmenu(void* menu, void* submenu, const std::string& label) noexcept {
+void appendSubmenu(void* menu, void* submenu, std::string_view label) noexcept {
     append(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(submenu), label);
 }
 
