@@ -83,7 +83,17 @@ protected:
     SdlAudio audio;
 };
 
-TEST_F(SdlAudioTest, ScalesTruncatesAndClamps) {
+// What is heard comes from the file of the disk driver.
+class HeardAudioTest : public SdlAudioTest {
+protected:
+    void SetUp() override {
+        if (std::string(SDL_GetPlatform()) == "Windows")
+            GTEST_SKIP() << "SDL keeps the disk driver's file to itself there: no test can listen";
+        SdlAudioTest::SetUp();
+    }
+};
+
+TEST_F(HeardAudioTest, ScalesTruncatesAndClamps) {
     const Samples loud{1000, -1000, 30000, -30000, 3, -3, 32767, -32768};
     const Samples louder{1500, -1500, 32767, -32768, 4, -4, 32767, -32768};
     const Samples silence(loud.size());
@@ -108,7 +118,7 @@ TEST_F(SdlAudioTest, ScalesTruncatesAndClamps) {
     EXPECT_EQ(heard(), expected);
 }
 
-TEST_F(SdlAudioTest, ABacklogOfMoreThanEightBatchesIsThrownAway) {
+TEST_F(HeardAudioTest, ABacklogOfMoreThanEightBatchesIsThrownAway) {
     openAndSettle();
     pushNumbered(9, 735);
     EXPECT_EQ(heard(), numbered(9, 735)) << "exactly eight stay";
@@ -121,7 +131,7 @@ TEST_F(SdlAudioTest, ABacklogOfMoreThanEightBatchesIsThrownAway) {
     EXPECT_EQ(heard(), Samples({1, -1, 2, -2, 3, -3, 4, -4, 5, -5, 6, -6, 7, -7, 8, -8, 9, -9}));
 }
 
-TEST_F(SdlAudioTest, WhatIsDroppedLeavesTheQueueAlone) {
+TEST_F(HeardAudioTest, WhatIsDroppedLeavesTheQueueAlone) {
     constexpr std::size_t pastSdl = std::numeric_limits<int>::max() / 4 + std::size_t{1};
     const Samples one{55, 55};
     openAndSettle();
@@ -151,7 +161,7 @@ TEST_F(SdlAudioTest, OpensAtTheRateAskedFor) {
     }
 }
 
-TEST_F(SdlAudioTest, AClosedObjectTakesEveryCallAndOpensAnew) {
+TEST_F(HeardAudioTest, AClosedObjectTakesEveryCallAndOpensAnew) {
     writeTo(scratch / "no such directory" / "sound");
     audio.pushSample(1, 1);
     audio.close();

@@ -75,6 +75,7 @@ TEST_F(SoftwareFrameTest, EveryPixelOfEveryFormatArrives) {
                        {RETRO_PIXEL_FORMAT_XRGB8888, 4, 12, wide, xrgb8888},
                        {77, 2, 5, value, rgb1555}};
     ASSERT_TRUE(video.create("formats", width, height));
+    makeRoomForMenu(771, 765);
     for (const auto& c : cases) {
         show(c.format, Frame(width, height, c.bytesPerPixel, c.padding, c.source));
         const Picture shown = screenshot();
@@ -91,6 +92,7 @@ TEST_F(SoftwareFrameTest, EveryPixelOfEveryFormatArrives) {
 
 TEST_F(SoftwareFrameTest, RowsOfEveryLengthAreWhole) {
     ASSERT_TRUE(video.create("rows", 160, 144));
+    makeRoomForMenu(480, 432);
     for (unsigned width = 1; width <= 70; ++width) {
         const auto pixel = [](unsigned x, unsigned y) { return (x % 31 + 1) | (y % 2) << 10; };
         show(RETRO_PIXEL_FORMAT_0RGB1555, Frame(width, width, 2, 1, pixel));
@@ -142,6 +144,7 @@ TEST_F(SoftwareFrameTest, FramesThatCannotBeAreDroppedAndThePictureStays) {
     const void* data = good.bytes.data();
     video.upload(data, 160, 144, 640);
     ASSERT_TRUE(video.create("drops", 160, 144));
+    makeRoomForMenu(480, 432);
     show(RETRO_PIXEL_FORMAT_XRGB8888, good);
     const Picture before = screenshot();
     EXPECT_EQ(before.at(240, 200), 0x123456U);
@@ -216,6 +219,17 @@ TEST_F(SoftwareFrameTest, ScreenshotsAreBitmapsWhateverTheirNameAndFailCleanly) 
     EXPECT_FALSE(video.captureScreenshot((directory / "missing" / "a.bmp").string()));
     if (std::filesystem::exists("/dev/full")) {
         EXPECT_FALSE(video.captureScreenshot("/dev/full"));
+    }
+}
+
+TEST_F(SoftwareFrameTest, AScreenshotMayComeWhileAResizeIsOnItsWay) {
+    ASSERT_TRUE(video.create("shot", 160, 144));
+    for (const int step : {3, 1, 4, 1, 5}) {
+        show(RETRO_PIXEL_FORMAT_XRGB8888, plain(160, 144, 0xfedcba));
+        SDL_SetWindowSize(window(), 300 + 97 * step, 250 + 53 * step);
+        bool quit = false;
+        video.pumpEvents(quit);
+        EXPECT_TRUE(video.captureScreenshot((directory / "shot.bmp").string())) << SDL_GetError();
     }
 }
 

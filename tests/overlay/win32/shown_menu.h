@@ -40,7 +40,7 @@ inline std::string line(ShownMenu menu, UINT position) {
     label.resize(separator ? 0 : item.cch);
     const std::string kind = separator ? "--" : item.hSubMenu ? ">" : std::to_string(item.wID);
     return kind + " " + QString::fromStdWString(label).toStdString() +
-           ((item.fState & MFS_GRAYED) != 0 ? " (greyed)" : "") +
+           (!separator && (item.fState & MFS_GRAYED) != 0 ? " (greyed)" : "") +
            ((item.fState & MFS_CHECKED) != 0 ? " (checked)\n" : "\n");
 }
 
