@@ -41,12 +41,20 @@ count() { # LOG: adds the outcome of one ctest run to the totals
     passed=$((passed + total - bad - left_out))
 }
 
+tell_skips() { # PRESET: the reasons that the skipped tests gave
+    awk '/^[0-9]+\/[0-9]+ Test: / { name = $3 }
+         /^skipped: / { print "skipped " name ": " substr($0, 10) }
+         skipping { print "skipped " name ": " $0 }
+         { skipping = / Skipped\r?$/ }' "build/$1/Testing/Temporary/LastTest.log"
+}
+
 run_tests() { # PRESET [CTEST ARGUMENT...]: a failing test is counted and does not stop the rest
     local log status=0
     log=$(mktemp)
     ctest --preset "$1" -j "$(nproc)" "${@:2}" </dev/null 2>&1 | tee "$log" || status=$?
     grep -qE 'tests? failed out of' "$log" || return 1
     count "$log"
+    tell_skips "$1"
     rm -f "$log"
     # A run that failed for another reason than a test is not to look like a success.
     [ "$status" = 0 ] || [ "$failed" -gt 0 ]

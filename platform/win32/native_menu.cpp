@@ -107,8 +107,15 @@ void attachToWindow(SDL_Window* window, void* bar) noexcept {
     const HWND handle = nativeHandle(window);
     if (!handle)
         return;
+    int width = 0;
+    int height = 0;
+    SDL_GetWindowSize(window, &width, &height);
     SetMenu(handle, asMenu(bar));
     DrawMenuBar(handle);
+    // The bar takes its strip from the picture, which would start smaller than it was made and grow
+    // by the strip with each way through fullscreen. A window that fills the screen is to stay so.
+    if ((SDL_GetWindowFlags(window) & (SDL_WINDOW_FULLSCREEN | SDL_WINDOW_MAXIMIZED)) == 0)
+        SDL_SetWindowSize(window, width, height);
 }
 
 void installMessageHandling(SDL_Window* window, const MenuEvents& events) noexcept {

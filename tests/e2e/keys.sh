@@ -13,6 +13,26 @@ bar_is() { [ "$(highlight | cut -d ' ' -f 3)" = "$1" ]; }
 screenshot_exists() { compgen -G "$scratch/saves/steer 20*.bmp" >/dev/null; }
 move_away() { hold_until Right square_right_of $(($(square_x) + 30)) || fail "Right does not move the square"; }
 
+# As another program of the application would, while the game runs.
+rebind() { # SYSTEM CONTROL BINDING
+    if on_windows; then
+        "$VELMORA_EMULATOR" reg add "$user_settings\\Velmora\\controls\\keyboard\\$1" \
+            /v "$2" /d "$3" /f >/dev/null
+    else
+        mkdir -p "${user_settings%/*}"
+        [ -e "$user_settings" ] || echo '[controls]' >"$user_settings"
+        printf 'keyboard\\%s\\%s=%s\n' "$@" >>"$user_settings"
+    fi
+}
+
+end_player() {
+    if on_windows; then
+        xdotool key alt+F4
+    else
+        kill "$player"
+    fi
+}
+
 start_screen
 start_player "$core" "$game" --system nes
 eventually square_shows || fail "the game's square does not show"
@@ -47,15 +67,11 @@ hold_until p menu_is_open || fail "P opens no menu"
 hold_until p menu_is_closed || fail "P does not close the menu"
 
 rm "$quick_state"
-mkdir -p "$XDG_CONFIG_HOME/Velmora"
-cat >"$XDG_CONFIG_HOME/Velmora/Velmora.conf" <<'CONF'
-[controls]
-keyboard\special\102=key:10
-keyboard\nes\7=key:13
-CONF
+rebind special 102 key:10
+rebind nes 7 key:13
 hold_until g test -s "$quick_state" || fail "the new key for saving does nothing"
 hold_until j square_right_of $(($(square_x) + 30)) || fail "the new key for moving does nothing"
 
-kill "$player"
+end_player
 wait_for_end
-[ -s "$scratch/saves/steer.srm" ] || fail "a terminated player leaves no battery save"
+[ -s "$scratch/saves/steer.srm" ] || fail "a player that was told to end leaves no battery save"

@@ -1,5 +1,6 @@
 # shellcheck shell=bash
-# Shared by the scripts beside it: a screen, a player on it, fingers and eyes.
+# Shared by the end-to-end scripts: a screen, a player on it, fingers and eyes. The same scripts
+# drive the Windows programs where VELMORA_EMULATOR names what runs them.
 # Nothing waits a fixed time for an effect: it is looked for until a deadline that a slow machine
 # meets as well.
 set -euo pipefail
@@ -38,7 +39,13 @@ skip() {
 
 fail() {
     echo "failed: $*"
+    keep_picture failed
     exit 1
+}
+
+# A picture of the screen for whoever wants to look.
+keep_picture() { # NAME
+    [ -z "${VELMORA_KEEP_PICTURES:-}" ] || import -window root "$VELMORA_KEEP_PICTURES/$1.png" || true
 }
 
 need() { # TOOL...
@@ -48,8 +55,35 @@ need() { # TOOL...
     done
 }
 
+on_windows() { [ -n "${VELMORA_EMULATOR:-}" ]; }
+
+# The settings of the application's user, where the platform keeps them.
+user_settings=$XDG_CONFIG_HOME/Velmora/Velmora.conf
+! on_windows || user_settings='HKCU\Software\Velmora'
+
+# A path as the programs under test take and show it: Wine has this machine's files on its drive Z.
+seen() { # PATH
+    on_windows && echo "Z:$1" || echo "$1"
+}
+
+command_of() { # PROGRAM ARGUMENT...: leaves in $command what runs it
+    local word
+    command=()
+    ! on_windows || command=("$VELMORA_EMULATOR")
+    for word; do
+        [[ $word != /* ]] || word=$(seen "$word")
+        command+=("$word")
+    done
+}
+
+# On Windows the menu bar takes the first rows of the window.
+strip=0
+! on_windows || strip=19
+
 core_path() { # NAME: the module of Debian's package libretro-NAME, empty where it is missing
-    find /usr/lib/*/libretro /usr/lib/libretro -name "$1_libretro.so" -print -quit 2>/dev/null || true
+    local places=(/usr/lib/*/libretro /usr/lib/libretro) suffix=so
+    ! on_windows || places=("$VELMORA_WINDOWS") suffix=dll
+    find "${places[@]}" -name "$1_libretro.$suffix" -print -quit 2>/dev/null || true
 }
 
 eventually() { # COMMAND...: repeats it until it succeeds or time is up
@@ -62,6 +96,12 @@ eventually() { # COMMAND...: repeats it until it succeeds or time is up
 
 start_screen() {
     need Xvfb xdotool import convert
+    if on_windows; then
+        # Wine's windows live on one screen together, and its programs have one registry.
+        [ -n "${DISPLAY:-}" ] || skip "there is no X server"
+        "$VELMORA_EMULATOR" reg delete "$user_settings" /f >/dev/null 2>&1 || true
+        return
+    fi
     # -noreset: without it the server drops whoever connects while its last client leaves.
     Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp -noreset 3>"$scratch/display" \
         >"$scratch/xvfb.log" 2>&1 &
@@ -72,9 +112,10 @@ start_screen() {
 }
 
 start_player() { # ARGUMENT...: leaves its process in $player and its window in $window
+    command_of "$VELMORA_PLAYER" "$@" --save-dir "$scratch/saves"
     # The disk driver's raw file holds what a sound card would have got.
-    SDL_AUDIO_DRIVER=disk SDL_AUDIO_DISK_OUTPUT_FILE=$scratch/sound.raw \
-        "$VELMORA_PLAYER" "$@" --save-dir "$scratch/saves" >"$scratch/player.log" 2>&1 &
+    SDL_AUDIO_DRIVER=disk SDL_AUDIO_DISK_OUTPUT_FILE=$(seen "$scratch/sound.raw") \
+        "${command[@]}" >"$scratch/player.log" 2>&1 &
     player=$!
     background+=("$player")
     # By the time it opens its sound, SDL is done with trying out windows.
@@ -96,6 +137,10 @@ wait_for_end() { # the player's exit code must be 0
 
 has_ended() { ! kill -0 "$player" 2>/dev/null; }
 
+point_at() { # X Y in the picture
+    xdotool mousemove --window "$window" "$1" $(($2 + strip))
+}
+
 hold_until() { # KEY COMMAND...: the key is down until the command succeeds
     local status=0
     xdotool keydown "$1"
@@ -110,6 +155,7 @@ hold_until() { # KEY COMMAND...: the key is down until the command succeeds
 # where there are none.
 box_of() { # FILTER...
     import -window "$window" "$scratch/now.png"
+    [ $strip = 0 ] || mogrify -chop "0x$strip" "$scratch/now.png"
     convert "$scratch/now.png" -alpha off "$@" -format '%@ %[fx:mean>0]\n' info: 2>/dev/null |
         sed -nE 's/^([0-9]+)x([0-9]+)\+([0-9]+)\+([0-9]+) 1$/\3 \4 \1 \2/p'
 }
@@ -145,7 +191,7 @@ square_is_at() { [ "$(square_x)" = "$1" ]; }
 # SDL opens its device for 16-bit stereo at no less than 44100 Hz.
 device_rate() {
     local rate
-    rate=$(sed -nE 's/^audio ([0-9]+) Hz$/\1/p' "$scratch/player.log" | tail -n 1)
+    rate=$(sed -nE 's/^audio ([0-9]+) Hz\r?$/\1/p' "$scratch/player.log" | tail -n 1)
     echo $((rate > 44100 ? rate : 44100))
 }
 

@@ -15,7 +15,7 @@ eventually square_shows || fail "the game's square does not show"
 
 eval "$(xdotool getwindowgeometry --shell "$window")"
 menu_x=$(((WIDTH - 360) / 2))
-menu_y=$(((HEIGHT - 272) / 2))
+menu_y=$(((HEIGHT - strip - 272) / 2))
 
 # The middle of a row, and the box that its highlight fills.
 pause_row() { echo $((menu_x + 180)) $((menu_y + 71 + 34 * $1)); }
@@ -25,16 +25,16 @@ pause_box() { echo $((menu_x + 16)) $((menu_y + 56 + 34 * $1)) 328 30; }
 slot_box() { echo $((menu_x + 16 + 168 * ($1 / 5))) $((menu_y + 50 + 34 * ($1 % 5))) 156 30; }
 
 highlight_is() { [ "$(highlight)" = "$*" ]; }
-click() { xdotool mousemove --window "$window" "$1" "$2" click 1; }
+click() { point_at "$1" "$2" && xdotool click 1; }
 
 # shellcheck disable=SC2046 # a place is two words, a box four
 hover() { # PLACE BOX, each a function and its argument
-    xdotool mousemove --window "$window" $($1)
+    point_at $($1)
     eventually highlight_is $($2) || fail "the highlight does not follow the pointer to $1"
 }
 
 open_menu() {
-    xdotool mousemove --window "$window" 5 5
+    point_at 5 5
     hold_until Escape menu_is_open || fail "Escape opens no menu"
 }
 

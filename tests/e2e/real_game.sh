@@ -45,6 +45,6 @@ wait_for_end
 
 start_player "$core" "$game" --frames 90
 wait_for_end
-grep -qE '^frames 90 seconds [0-9.]+ fps [0-9.]+$' "$scratch/player.log" || fail "no report"
+grep -qE '^frames 90 seconds [0-9.]+ fps [0-9.]+\s*$' "$scratch/player.log" || fail "no report"
 [ "$(saved_byte 4)" = 2 ] || fail "the second start found no battery save"
 [ "$(saved_byte "$presses_at")" = 1 ] || fail "the count of presses did not survive"

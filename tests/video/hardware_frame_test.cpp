@@ -156,8 +156,7 @@ TEST_F(HardwareFrameTest, RefusesWhatItCannotGiveAndASoftwareGameStillPlays) {
         EXPECT_EQ(SdlVideo::framebufferThunk(), 0U);
         EXPECT_TRUE(fake.calls.empty());
         ASSERT_TRUE(video.create("software", 160, 144)) << SDL_GetError();
-        EXPECT_EQ(windowSize(), (SDL_Point{480, besideMenu(432)}));
-        makeRoomForMenu(480, 432);
+        EXPECT_EQ(windowSize(), (SDL_Point{480, 432}));
         const Uint32 pixel = 0xff8040;
         video.setPixelFormat(RETRO_PIXEL_FORMAT_XRGB8888);
         video.upload(&pixel, 1, 1, 4);
@@ -176,7 +175,7 @@ TEST_F(HardwareFrameTest, SizesHaveTheirFloors) {
                        {800, 600, {1600, 1200}, {800, 600}}};
     for (const auto& c : cases) {
         ASSERT_TRUE(video.setupHardware(request(), c.width, c.height)) << SDL_GetError();
-        EXPECT_EQ(windowSize(), (SDL_Point{c.window.x, besideMenu(c.window.y)}));
+        EXPECT_EQ(windowSize(), c.window);
         EXPECT_EQ(framebufferSize(), c.framebuffer);
         EXPECT_STREQ(SDL_GetWindowTitle(window()), "Velmora");
     }
@@ -243,7 +242,6 @@ TEST_F(HardwareFrameTest, ThePictureIsUprightFittedAndBarred) {
         retro_hw_render_callback record = request();
         record.bottom_left_origin = bottomLeft;
         ASSERT_TRUE(video.setupHardware(record, 320, 240)) << SDL_GetError();
-        makeRoomForMenu(640, 480);
         for (const auto& c : cases) {
             SCOPED_TRACE(testing::Message() << bottomLeft << ": " << c.frameW << "x" << c.frameH);
             drawQuarters(c.frameW, c.frameH);
@@ -276,7 +274,6 @@ TEST_F(HardwareFrameTest, ThePictureIsUprightFittedAndBarred) {
 
 TEST_F(HardwareFrameTest, OddFramebuffersAndOversizedFramesAreShownWhole) {
     ASSERT_TRUE(video.setupHardware(request(), 320, 240)) << SDL_GetError();
-    makeRoomForMenu(640, 480);
     video.resizeHardwareBuffers(641, 481);
     drawQuarters(641, 481);
     fill(0, 240, 641, 1, 0.2F, 0.4F, 0.6F);
@@ -300,14 +297,14 @@ TEST_F(HardwareFrameTest, TheCoreHearsOfItsContextAtTheRightMoments) {
     ASSERT_TRUE(video.setupHardware(request(), 320, 240)) << SDL_GetError();
     ASSERT_TRUE(video.create("A game", 800, 800));
     EXPECT_STREQ(SDL_GetWindowTitle(window()), "A game");
-    EXPECT_EQ(windowSize(), (SDL_Point{640, besideMenu(480)})) << "retitled only";
+    EXPECT_EQ(windowSize(), (SDL_Point{640, 480})) << "retitled only";
     using Calls = std::vector<std::string>;
     EXPECT_EQ(fake.calls, Calls{"reset"});
 
     ASSERT_TRUE(video.setupHardware(request(RETRO_HW_CONTEXT_OPENGL), 400, 300));
     EXPECT_EQ(fake.calls, (Calls{"reset", "destroy", "reset"})) << "OpenGL asked for twice";
     EXPECT_EQ(windowCount(), 1);
-    EXPECT_EQ(windowSize(), (SDL_Point{800, besideMenu(600)}));
+    EXPECT_EQ(windowSize(), (SDL_Point{800, 600}));
     SdlVideo other;
     other.destroy();
     EXPECT_NE(SdlVideo::framebufferThunk(), 0U) << "another object's end is none of ours";
@@ -336,8 +333,7 @@ TEST_F(HardwareFrameTest, ACoreMayAskForMoreFromWithinItsCallbacks) {
     };
     fake.onReset = askAgain;
     ASSERT_TRUE(video.setupHardware(inCoreMemory, 320, 240)) << SDL_GetError();
-    EXPECT_EQ(windowSize(), (SDL_Point{640, besideMenu(480)}));
-    makeRoomForMenu(640, 480);
+    EXPECT_EQ(windowSize(), (SDL_Point{640, 480}));
     EXPECT_EQ(framebufferSize(), (SDL_Point{800, 600}));
     drawQuarters(800, 600);
     video.present();

@@ -75,7 +75,6 @@ TEST_F(SoftwareFrameTest, EveryPixelOfEveryFormatArrives) {
                        {RETRO_PIXEL_FORMAT_XRGB8888, 4, 12, wide, xrgb8888},
                        {77, 2, 5, value, rgb1555}};
     ASSERT_TRUE(video.create("formats", width, height));
-    makeRoomForMenu(771, 765);
     for (const auto& c : cases) {
         show(c.format, Frame(width, height, c.bytesPerPixel, c.padding, c.source));
         const Picture shown = screenshot();
@@ -92,7 +91,6 @@ TEST_F(SoftwareFrameTest, EveryPixelOfEveryFormatArrives) {
 
 TEST_F(SoftwareFrameTest, RowsOfEveryLengthAreWhole) {
     ASSERT_TRUE(video.create("rows", 160, 144));
-    makeRoomForMenu(480, 432);
     for (unsigned width = 1; width <= 70; ++width) {
         const auto pixel = [](unsigned x, unsigned y) { return (x % 31 + 1) | (y % 2) << 10; };
         show(RETRO_PIXEL_FORMAT_0RGB1555, Frame(width, width, 2, 1, pixel));
@@ -144,7 +142,6 @@ TEST_F(SoftwareFrameTest, FramesThatCannotBeAreDroppedAndThePictureStays) {
     const void* data = good.bytes.data();
     video.upload(data, 160, 144, 640);
     ASSERT_TRUE(video.create("drops", 160, 144));
-    makeRoomForMenu(480, 432);
     show(RETRO_PIXEL_FORMAT_XRGB8888, good);
     const Picture before = screenshot();
     EXPECT_EQ(before.at(240, 200), 0x123456U);

@@ -8,7 +8,6 @@
 
 #include <velmora/sdl_video.h>
 
-#include "menu_strip.h"
 #include "support/scratch_directory.h"
 
 namespace velmora::test {
@@ -70,20 +69,6 @@ protected:
         SDL_Point size = {};
         SDL_GetWindowSize(window(), &size.x, &size.y);
         return size;
-    }
-
-    // What is left of a new window's height for the picture: a native menu bar takes a strip of it.
-    static int besideMenu(int height) { return height - menuStrip(window()); }
-
-    // Gives the picture the whole size that was asked for.
-    void makeRoomForMenu(int width, int height) {
-        if (windowSize().y == height)
-            return;
-        SDL_SetWindowSize(window(), width, height);
-        SDL_SyncWindow(window());
-        bool quit = false;
-        video.pumpEvents(quit);
-        video.present();
     }
 
     Picture screenshot() {

@@ -64,7 +64,7 @@ TEST_F(WindowTest, OpensAtThreeTimesTheFrameAndRebuildsOnTheNextCreate) {
         {0, 0, {480, 432}}, {320, 240, {960, 720}}, {-5, 200, {480, 600}}, {200, -7, {600, 432}}};
     for (const auto& c : cases) {
         ASSERT_TRUE(video.create("Título", c.width, c.height)) << SDL_GetError();
-        EXPECT_EQ(windowSize(), (SDL_Point{c.size.x, besideMenu(c.size.y)}));
+        EXPECT_EQ(windowSize(), c.size);
         EXPECT_EQ(windowCount(), 1);
         EXPECT_STREQ(SDL_GetWindowTitle(window()), "Título");
         EXPECT_TRUE(has(SDL_WINDOW_RESIZABLE));

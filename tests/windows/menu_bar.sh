@@ -1,33 +1,8 @@
 #!/usr/bin/env bash
 # The menu bar by mouse: it opens, each command does what it says, the check mark follows, and the bar
 # goes and comes with fullscreen.
-# shellcheck source=lib.sh
-. "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
-need xdotool import convert compare
-
-start_player() {
-    SDL_AUDIO_DRIVER=dummy "$WINE" "$VELMORA_PLAYER" "$(in_windows "$VELMORA_DEMO_CORE")" \
-        "$(in_windows "$VELMORA_EXAMPLES/demo_core/garden.demo")" --mute \
-        --save-dir "$(in_windows "$scratch/saves")" >"$scratch/player.log" 2>&1 &
-    player=$!
-    eventually find_window || fail "no window with a menu bar came up"
-}
-
-# The window that stays: SDL makes a first one anew for OpenGL.
-find_window() {
-    kill -0 "$player" 2>/dev/null || fail "the player has ended"
-    for window in $(xdotool search --onlyvisible --class velmora-player 2>/dev/null); do
-        bar_shows 2>/dev/null && return
-    done
-    return 1
-}
-
-wait_for_end() { # the player's exit code must be 0
-    eventually has_ended || fail "the player does not end"
-    wait "$player" || fail "the player ended with $?"
-    player=
-}
-has_ended() { ! kill -0 "$player" 2>/dev/null; }
+# shellcheck source=../e2e/lib.sh
+. "$(dirname "${BASH_SOURCE[0]}")/../e2e/lib.sh"
 
 # Rows of the "Game" popup; the last one, behind the separator, is "stop".
 row_screenshot=2 row_save=5 row_load=6 row_fullscreen=7 row_on_top=8
@@ -70,9 +45,10 @@ choose() { # ROW
 
 # The place of the check mark of "Always on Top".
 mark_shows() {
-    local x y width height
+    local x y width height row
     read -r x y width height < <(popups)
-    [ "$(import -window root -crop "18x18+$((x + 2))+$((y + 155))" +repage png:- |
+    row=$(((height - 15) / 10))
+    [ "$(import -window root -crop "16x$row+$((x + 2))+$((y + 3 + row * row_on_top))" +repage png:- |
         convert - -threshold 50% -format '%[fx:mean<1]' info:)" = 1 ]
 }
 
@@ -86,11 +62,18 @@ fills_the_screen() {
     eval "$(xdotool getwindowgeometry --shell "$window")"
     [ "$WIDTH $HEIGHT" = "$(xdotool getdisplaygeometry)" ]
 }
+size_is() { # WIDTH HEIGHT of the picture under the bar
+    eval "$(xdotool getwindowgeometry --shell "$window")"
+    [ "$WIDTH $((HEIGHT - strip))" = "$*" ]
+}
 is_windowed() { ! fills_the_screen; }
 
 file_is_there() { [ -n "$(find "$scratch/saves" -name "$1" -size +0 2>/dev/null)" ]; }
 
-start_player
+start_screen
+start_player "$VELMORA_DEMO_CORE" "$VELMORA_DEMO_GAME"
+eventually bar_shows || fail "no menu bar shows"
+size_is 720 480 || fail "the picture is not three times the frame's size"
 
 choose $row_screenshot
 eventually file_is_there '*.bmp' || fail "Screenshot writes no picture"
@@ -132,6 +115,7 @@ keep_picture fullscreen
 xdotool windowfocus "$window" keydown F11 sleep 0.3 keyup F11
 eventually is_windowed || fail "F11 does not end fullscreen"
 eventually bar_shows || fail "the bar does not come back"
+size_is 720 480 || fail "fullscreen and back changes the size of the picture"
 
 choose stop
 wait_for_end
