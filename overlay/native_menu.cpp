@@ -61,14 +61,8 @@ void appendRow(void* gameMenu, const GameMenuRow& row, void* saveMenu, void* loa
     }
 }
 
-void refill(void* menu, const std::vector<SlotMenuItem>& items) {
+void empty(void* menu) {
     while (platform::itemCount(menu) > 0 && platform::removeFirstItem(menu)) {
-    }
-    for (const SlotMenuItem& item : items) {
-        if (item.kind == SlotMenuItem::Kind::separator)
-            platform::appendSeparator(menu);
-        else
-            platform::appendItem(menu, item.id, item.label, item.enabled);
     }
 }
 
@@ -119,11 +113,9 @@ void SdlVideo::buildNativeMenu() {
 void SdlVideo::rebuildSlotMenus() {
     if (!saveMenu || !loadMenu)
         return;
-    noThrow([this] {
-        const SlotMenus menus = slotMenus(hud);
-        refill(saveMenu, menus.save);
-        refill(loadMenu, menus.load);
-    });
+    empty(saveMenu);
+    empty(loadMenu);
+    noThrow([this] { fillSlotMenus(hud, saveMenu, loadMenu); });
 }
 
 void SdlVideo::showNativeMenu(bool show) {

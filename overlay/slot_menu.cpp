@@ -1,9 +1,12 @@
 #include "overlay/slot_menu.h"
 
 #include <algorithm>
+#include <string>
 #include <string_view>
 
 #include <velmora/action_codes.h>
+
+#include "platform/native_menu.h"
 
 namespace velmora {
 namespace {
@@ -30,27 +33,25 @@ std::string slotLabel(int slot, std::string_view name) {
     return label += name;
 }
 
-void addSlot(SlotMenus& menus, const PlayHud& hud, int slot) {
+void addSlot(const PlayHud& hud, int slot, void* saveMenu, void* loadMenu) {
     const std::string_view name = slotName(hud, slot);
     const std::string label = slotLabel(slot, name);
     const bool filled = name != emptyName;
-    menus.save.push_back({SlotMenuItem::Kind::item, action::saveSlot + slot, label, true});
+    platform::appendItem(saveMenu, action::saveSlot + slot, label, true);
     if (filled || !hud.slotsGrow)
-        menus.load.push_back({SlotMenuItem::Kind::item, action::loadSlot + slot, label, filled});
+        platform::appendItem(loadMenu, action::loadSlot + slot, label, filled);
 }
 
 } // namespace
 
-SlotMenus slotMenus(const PlayHud& hud) {
-    SlotMenus menus;
+void fillSlotMenus(const PlayHud& hud, void* saveMenu, void* loadMenu) {
     const int count = slotCount(hud);
     if (hud.slotsGrow)
-        menus.save.push_back({SlotMenuItem::Kind::item, action::newSlot, "New slot", true});
+        platform::appendItem(saveMenu, action::newSlot, "New slot", true);
     if (hud.slotsGrow && count > 0)
-        menus.save.push_back({SlotMenuItem::Kind::separator, 0, {}, true});
+        platform::appendSeparator(saveMenu);
     for (int slot = 0; slot < count; ++slot)
-        addSlot(menus, hud, slot);
-    return menus;
+        addSlot(hud, slot, saveMenu, loadMenu);
 }
 
 } // namespace velmora

@@ -6,5 +6,5 @@
 export VELMORA_WINDOWS="${VELMORA_WINDOWS:-${XDG_CACHE_HOME:-${HOME:?}/.cache}/velmora/windows}"
 
 # A Windows of the tests' own, that shows no dialog and offers no download.
-export WINEPREFIX="$VELMORA_WINDOWS/wine" WINEARCH=win64 WINEDEBUG="${WINEDEBUG:--all}"
+export WINEPREFIX="${VELMORA_WINE_PREFIX:-$VELMORA_WINDOWS/wine}" WINEARCH=win64 WINEDEBUG="${WINEDEBUG:--all}"
 export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"

@@ -76,6 +76,7 @@ void Player::run() {
         readControls();
         followPointer();
         takeActions();
+        awaitRelease();
         notices.update();
         if (!paused()) {
             runFrame();
@@ -178,11 +179,12 @@ void Player::takeActions() {
 }
 
 // The key that closed the menu is the game's Start as well: the game goes on when it is up again.
-bool Player::paused() {
+void Player::awaitRelease() {
     awaitingRelease =
         awaitingRelease && (controls.held(MenuKey::confirm) || controls.held(MenuKey::back));
-    return leaving || hud.menuOpen || awaitingRelease;
 }
+
+bool Player::paused() const { return leaving || hud.menuOpen || awaitingRelease; }
 
 void Player::runFrame() {
     session.audio.suspended = options.uncapped || controls.held(InputBindings::FastForward);

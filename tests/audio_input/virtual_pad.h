@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <initializer_list>
 
 #include <SDL3/SDL.h>
@@ -27,21 +28,13 @@ public:
     // to open it and find it so.
     void hold(std::initializer_list<int> buttons) const {
         SDL_Joystick* joystick = SDL_OpenJoystick(id);
-        for (int button = 0; button < SDL_GAMEPAD_BUTTON_COUNT; ++button) {
-            SDL_SetJoystickVirtualButton(joystick, button, false);
-        }
-        for (const int button : buttons) {
-            SDL_SetJoystickVirtualButton(joystick, button, true);
-        }
+        for (int button = 0; button < SDL_GAMEPAD_BUTTON_COUNT; ++button)
+            SDL_SetJoystickVirtualButton(joystick, button, std::ranges::count(buttons, button) > 0);
         SDL_CloseJoystick(joystick);
     }
 
-    void unplug() {
-        if (id != 0) {
-            SDL_DetachVirtualJoystick(id);
-            id = 0;
-        }
-    }
+    // SDL gives no number twice, so that the second time does nothing.
+    void unplug() const { SDL_DetachVirtualJoystick(id); }
 
     SDL_JoystickID id = 0;
 };

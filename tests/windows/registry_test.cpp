@@ -1,22 +1,11 @@
-#include <array>
-#include <string>
+#include <QSettings>
 
 #include <gtest/gtest.h>
 
 #include "bindings/stored_bindings.h"
 
-#define WIN32_LEAN_AND_MEAN
-#include <windows.h>
-
 namespace velmora::test {
 namespace {
-
-std::wstring registryValue(const std::wstring& key, const wchar_t* name) {
-    std::array<wchar_t, 64> text = {};
-    DWORD size = sizeof text;
-    RegGetValueW(HKEY_CURRENT_USER, key.c_str(), name, RRF_RT_REG_SZ, nullptr, text.data(), &size);
-    return text.data();
-}
 
 // Where administrators and other programs look for it.
 TEST(Registry, HoldsTheBindings) {
@@ -24,11 +13,12 @@ TEST(Registry, HoldsTheBindings) {
     bindings.setSystemId("snes");
     bindings.setDevice("keyboard");
     bindings.clearButton(8);
-    const QString key = "Software\\" + settingskeys::org() + "\\" + settingskeys::app() +
-                        "\\controls\\keyboard\\snes";
-    const std::wstring value = registryValue(key.toStdWString(), L"8");
+    const QSettings place("HKEY_CURRENT_USER\\Software\\" + settingskeys::org() + "\\" +
+                              settingskeys::app() + "\\controls\\keyboard\\snes",
+                          QSettings::NativeFormat);
+    const std::string value = place.value("8").toString().toStdString();
     EXPECT_FALSE(value.empty());
-    EXPECT_EQ(QString::fromStdWString(value).toStdString(), stored("controls/keyboard/snes/8"));
+    EXPECT_EQ(value, stored("controls/keyboard/snes/8"));
 }
 
 } // namespace

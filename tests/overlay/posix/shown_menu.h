@@ -19,8 +19,6 @@ inline ShownMenu submenu(ShownMenu menu, std::size_t position) {
     return menu->items.at(position).submenu.get();
 }
 
-inline std::size_t itemCount(ShownMenu menu) { return menu->items.size(); }
-
 // One line an item: its id and label, and a mark where it is greyed or checked.
 inline std::string lines(ShownMenu menu) {
     using Kind = PlayMenuItem::Kind;

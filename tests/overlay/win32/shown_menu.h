@@ -24,18 +24,14 @@ inline ShownMenu submenu(ShownMenu menu, std::size_t position) {
     return GetSubMenu(menu, static_cast<int>(position));
 }
 
-inline std::size_t itemCount(ShownMenu menu) {
-    return static_cast<std::size_t>(GetMenuItemCount(menu));
-}
-
-inline std::string line(ShownMenu menu, UINT position) {
+inline std::string line(ShownMenu menu, int position) {
     std::wstring label(20'000, L'\0');
     MENUITEMINFOW item = {};
     item.cbSize = sizeof item;
     item.fMask = MIIM_FTYPE | MIIM_ID | MIIM_STATE | MIIM_STRING | MIIM_SUBMENU;
     item.dwTypeData = label.data();
     item.cch = static_cast<UINT>(label.size());
-    GetMenuItemInfoW(menu, position, TRUE, &item);
+    GetMenuItemInfoW(menu, static_cast<UINT>(position), TRUE, &item);
     const bool separator = (item.fType & MFT_SEPARATOR) != 0;
     label.resize(separator ? 0 : item.cch);
     const std::string kind = separator ? "--" : item.hSubMenu ? ">" : std::to_string(item.wID);
@@ -47,7 +43,7 @@ inline std::string line(ShownMenu menu, UINT position) {
 // One line an item: its id and label, and a mark where it is greyed or checked.
 inline std::string lines(ShownMenu menu) {
     std::string text;
-    for (UINT position = 0; position < itemCount(menu); ++position)
+    for (int position = 0; position < GetMenuItemCount(menu); ++position)
         text += line(menu, position);
     return text;
 }
