@@ -2,9 +2,11 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 
 #include <SDL3/SDL.h>
+#include <SDL3/SDL_main.h> // on Windows too main's arguments are UTF-8 then
 
 #include <velmora/libretro_host.h>
 #include <velmora/sdl_audio.h>
@@ -17,6 +19,8 @@ int fail(const std::string& reason) {
     std::fprintf(stderr, "velmora-minimal: %s\n", reason.c_str());
     return EXIT_FAILURE;
 }
+
+std::filesystem::path toPath(const char* utf8) { return reinterpret_cast<const char8_t*>(utf8); }
 
 // `frameLimit` 0 plays until the window is closed.
 int play(const char* core, const char* game, long frameLimit) {
@@ -31,7 +35,7 @@ int play(const char* core, const char* game, long frameLimit) {
     input.open();
     host.setDirectories(".", ".");
 
-    if (!host.loadCore(core) || !host.loadGame(game)) {
+    if (!host.loadCore(toPath(core)) || !host.loadGame(toPath(game))) {
         video.destroy();
         return fail(host.lastError);
     }

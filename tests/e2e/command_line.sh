@@ -74,7 +74,8 @@ SDL_VIDEO_DRIVER=$gl_driver player 0 "$VELMORA_DEMO_CORE_GL" "$VELMORA_DEMO_GAME
 on_windows || says "$err" "context destroyed"
 
 cd "$scratch"
-run 0 "$VELMORA_MINIMAL" "$VELMORA_DEMO_CORE" "$VELMORA_DEMO_GAME" 60
+cp "$VELMORA_DEMO_GAME" "$scratch/jardin é 庭.demo"
+run 0 "$VELMORA_MINIMAL" "$VELMORA_DEMO_CORE" "$scratch/jardin é 庭.demo" 60
 run 1 "$VELMORA_MINIMAL" "$scratch/missing.so" "$VELMORA_DEMO_GAME"
 says "$err" "missing.so"
 run 2 "$VELMORA_MINIMAL"

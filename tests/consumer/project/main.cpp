@@ -1,5 +1,6 @@
 // A program outside the tree: the installed headers and library, every exported class, no SDL.
 #include <cstdio>
+#include <filesystem>
 
 #include <QCoreApplication>
 
@@ -12,10 +13,13 @@
 #include <velmora/settings_keys.h>
 
 int main(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
     if (argc != 3) {
         return 2;
     }
-    const QCoreApplication application(argc, argv);
+    // Not argv: on Windows not every path fits into it.
+    const std::filesystem::path core = application.arguments()[1].toStdU16String();
+    const std::filesystem::path game = application.arguments()[2].toStdU16String();
     velmora::InputBindings bindings;
     velmora::SdlVideo video;
     velmora::SdlAudio audio;
@@ -24,7 +28,7 @@ int main(int argc, char** argv) {
     host.video = &video;
     host.audio = &audio;
     host.input = &input;
-    if (!host.loadCore(argv[1]) || !host.loadGame(argv[2])) {
+    if (!host.loadCore(core) || !host.loadGame(game)) {
         std::fprintf(stderr, "%s\n", host.lastError.c_str());
         return 1;
     }
