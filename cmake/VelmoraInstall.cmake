@@ -9,7 +9,7 @@ install(EXPORT VelmoraHostTargets NAMESPACE VelmoraHost:: DESTINATION ${package_
 
 configure_package_config_file(cmake/VelmoraHostConfig.cmake.in VelmoraHostConfig.cmake
     INSTALL_DESTINATION ${package_dir})
-write_basic_package_version_file(VelmoraHostConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+write_basic_package_version_file(VelmoraHostConfigVersion.cmake COMPATIBILITY SameMinorVersion)
 install(FILES
     ${CMAKE_CURRENT_BINARY_DIR}/VelmoraHostConfig.cmake
     ${CMAKE_CURRENT_BINARY_DIR}/VelmoraHostConfigVersion.cmake

@@ -12,6 +12,10 @@ if(NOT MSVC)
     endif()
 endif()
 
+if(WIN32)
+    target_compile_definitions(VelmoraOptions INTERFACE NOMINMAX)
+endif()
+
 if(VELMORA_SANITIZE)
     # Qt Gui is not linked, so the type information that the vptr check asks for is not there.
     add_compile_options(-fsanitize=${VELMORA_SANITIZE} -fno-sanitize=vptr

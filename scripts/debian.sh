@@ -23,7 +23,7 @@ refresh_lists() {
     lists_are_fresh=yes
 }
 
-is_installed() { [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" = installed ]; }
+is_installed() { dpkg-query -W -f '${db:Status-Status}\n' "$1" 2>/dev/null | grep -qx installed; }
 
 install_missing() {
     local missing=() package
@@ -38,11 +38,16 @@ install_missing() {
         die "apt-get install failed"
 }
 
-debian_address() { # the archive that this machine's own packages come from
+index_targets() {
     # shellcheck disable=SC2016 # apt's placeholders, not the shell's
-    apt-get indextargets --format '$(SITE) $(CODENAME) $(COMPONENT)' 'Created-By: Packages' |
-        awk -v codename="$(release_field VERSION_CODENAME)" \
-            '/^https?:/ && $2 == codename && $3 == "main" && !found { print $1; found = 1 }'
+    apt-get indextargets --format '$(SITE) $(CODENAME) $(COMPONENT)' 'Created-By: Packages'
+}
+
+debian_address() { # the archive that this machine's own packages come from
+    # Images come with the lists removed, and apt knows of no archive then.
+    [ -n "$(index_targets)" ] || refresh_lists >&2
+    index_targets | awk -v codename="$(release_field VERSION_CODENAME)" \
+        '!/^cdrom:/ && $2 == codename && $3 == "main" && !found { print $1; found = 1 }'
 }
 
 # Unpacks a source package of a Debian release, through a source entry and lists that stay out of the

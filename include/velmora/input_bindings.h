@@ -104,7 +104,8 @@ public:
     //
     // Each opens the store for itself. `keys` is the array of SDL_GetKeyboardState and `pad` an
     // open gamepad; both may be null. A caller that makes many lookups keeps a QSettings object on
-    // the same store alive across them: Qt then holds on to the parsed file.
+    // the same store alive across them: where the store is a file, Qt then holds on to what it
+    // parsed.
 
     // The SDL scancode bound to `button` on `systemId`; 0 or less for none.
     int keyboardScancode(const QString& systemId, int button) const;

@@ -88,7 +88,7 @@ public:
                         const std::filesystem::path& saveDirectory);
 
 private:
-    struct EnvironmentCommands;
+    struct VELMORA_LOCAL EnvironmentCommands;
 
     // The core's entry points, in the order in which they are bound; the last three are optional.
     struct EntryPoints {

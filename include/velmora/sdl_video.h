@@ -25,6 +25,9 @@ struct HudElement;
 // core asks for OpenGL, `setupHardware` opens a window with a context, and the core draws into a
 // framebuffer object that `present` blits to the window.
 //
+// One object at a time has a window: SDL's message hook, the menu's messages and a core's callbacks
+// have one receiver in a process.
+//
 // The frontend has initialised SDL_INIT_VIDEO. All members run on the one thread that owns the
 // window and runs the core. No operation throws; false means that SDL or the size asked for stood
 // in the way, and SDL_GetError holds SDL's reason where SDL was the one that failed. Every

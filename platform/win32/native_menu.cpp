@@ -39,8 +39,15 @@ std::wstring toWide(std::string_view text) {
     return wide;
 }
 
+// A single ampersand would underline the letter behind it instead of being shown.
+std::wstring shown(std::wstring label) {
+    for (std::size_t at = label.find(L'&'); at != label.npos; at = label.find(L'&', at + 2))
+        label.insert(at, 1, L'&');
+    return label;
+}
+
 void append(void* menu, UINT flags, UINT_PTR id, std::string_view label) noexcept {
-    noThrow([&] { AppendMenuW(asMenu(menu), flags, id, toWide(label).c_str()); });
+    noThrow([&] { AppendMenuW(asMenu(menu), flags, id, shown(toWide(label)).c_str()); });
 }
 
 void deliver(UINT message, WPARAM wParam) {

@@ -1,9 +1,10 @@
-#include <algorithm>
 #include <memory>
+#include <string>
+#include <vector>
 
+#include <QMap>
 #include <QMetaMethod>
 #include <QMetaProperty>
-#include <QRegularExpression>
 #include <QSet>
 
 #include <gtest/gtest.h>
@@ -15,95 +16,51 @@ namespace {
 
 TEST(ObjectSurfaceTest, DeclaresWhatPagesAreWrittenAgainst) {
     const QMetaObject& meta = InputBindings::staticMetaObject;
-    EXPECT_STREQ(meta.className(), "velmora::InputBindings");
-    EXPECT_EQ(meta.superClass(), &QObject::staticMetaObject);
-    EXPECT_EQ(meta.enumeratorCount() + meta.classInfoCount() + meta.constructorCount(), 0);
-
-    const char* methods[] = {
+    std::vector<std::string> declared;
+    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
+        const QMetaMethod method = meta.method(i);
+        declared.push_back(method.typeName() + (' ' + method.methodSignature()).toStdString());
+    }
+    for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i) {
+        const QMetaProperty property = meta.property(i);
+        const QByteArray told = property.isConstant() ? "constant" : property.notifySignal().name();
+        declared.push_back(std::string(property.isWritable() ? "settable " : "") +
+                           property.typeName() + ' ' + property.name() + ", " + told.toStdString());
+    }
+    const std::vector<std::string> expected{
         // clang-format off
-        "signal void mappingChanged()",     "signal void listeningChanged()",
-        "signal void gamepadNameChanged()", "method void listen(int)",
-        "method void cancelListen()",       "method void clearButton(int)",
-        "method void resetSystem()",        "method void beginEdit()",
-        "method void commitEdit()",         "method void revertEdit()",
-        "method QString bindingLabel(int)", "method QString bindingCaption(int)",
-        "method void prepare()",
+        "void mappingChanged()", "void listeningChanged()", "void gamepadNameChanged()",
+        "void listen(int)", "void cancelListen()", "void clearButton(int)", "void resetSystem()",
+        "void beginEdit()", "void commitEdit()", "void revertEdit()",
+        "QString bindingLabel(int)", "QString bindingCaption(int)", "void prepare()",
+        "settable QString systemId, mappingChanged", "settable QString device, mappingChanged",
+        "bool listening, listeningChanged", "int listeningId, listeningChanged",
+        "QString listeningName, listeningChanged", "QString padStyle, mappingChanged",
+        "QString gamepadName, gamepadNameChanged", "QVariantList systems, constant",
+        "QVariantList buttons, mappingChanged", "QVariantList specials, mappingChanged",
         // clang-format on
     };
-    ASSERT_EQ(meta.methodCount() - meta.methodOffset(), std::ssize(methods));
-    for (int i = 0; i < std::ssize(methods); ++i) {
-        const QMetaMethod method = meta.method(meta.methodOffset() + i);
-        const char* kinds[] = {"method ", "signal ", "slot "};
-        EXPECT_EQ(kinds[method.methodType()] + QByteArray(method.typeName()) + ' ' +
-                      method.methodSignature(),
-                  methods[i]);
-        EXPECT_EQ(method.access(), QMetaMethod::Public) << i;
-    }
-
-    constexpr int constant = -1;
-    const struct {
-        const char* text;
-        bool settable;
-        int notify; // number of the signal
-    } properties[] = {
-        {"QString systemId", true, 0},       {"QString device", true, 0},
-        {"bool listening", false, 1},        {"int listeningId", false, 1},
-        {"QString listeningName", false, 1}, {"QString padStyle", false, 0},
-        {"QString gamepadName", false, 2},   {"QVariantList systems", false, constant},
-        {"QVariantList buttons", false, 0},  {"QVariantList specials", false, 0},
-    };
-    ASSERT_EQ(meta.propertyCount() - meta.propertyOffset(), std::ssize(properties));
-    for (int i = 0; i < std::ssize(properties); ++i) {
-        const QMetaProperty property = meta.property(meta.propertyOffset() + i);
-        const auto& [text, settable, notify] = properties[i];
-        EXPECT_EQ(QByteArray(property.typeName()) + ' ' + property.name(), text);
-        EXPECT_EQ(property.isWritable(), settable) << text;
-        EXPECT_EQ(property.hasStdCppSet(), settable) << text;
-        EXPECT_EQ(property.isConstant(), notify == constant) << text;
-        EXPECT_EQ(property.notifySignalIndex(),
-                  notify == constant ? -1 : meta.methodOffset() + notify);
-        EXPECT_TRUE(property.isReadable() && property.isDesignable() && property.isScriptable() &&
-                    property.isStored() && !property.isResettable())
-            << text;
-    }
-}
-
-TEST(ObjectSurfaceTest, PropertiesAreSetByName) {
-    InputBindings bindings;
-    Signals emitted(bindings);
-    EXPECT_TRUE(bindings.setProperty("systemId", "n64"));
-    EXPECT_TRUE(bindings.setProperty("device", "gamepad"));
-    EXPECT_EQ(emitted.take(), "MM");
-    EXPECT_TRUE(bindings.setProperty("systemId", "n64"));
-    EXPECT_TRUE(bindings.setProperty("device", "gamepad"));
-    EXPECT_FALSE(bindings.setProperty("listening", true));
-    EXPECT_EQ(emitted.take(), "");
-    EXPECT_FALSE(bindings.listening());
-    EXPECT_EQ(bindings.property("padStyle"), "n64");
-    EXPECT_EQ(bindings.property("buttons").toList().size(), 14);
-    for (const char* other : {"Gamepad", ""}) {
-        bindings.setProperty("device", "gamepad");
-        bindings.setProperty("device", other);
-        EXPECT_EQ(bindings.device(), "keyboard");
-    }
+    EXPECT_EQ(declared, expected);
 }
 
 TEST(ObjectSurfaceTest, ListsTheSystemsOfTheRegistry) {
     InputBindings bindings;
     QSet<QString> ids;
+    QMap<qsizetype, int> systemsWithButtons;
     for (const QVariant& entry : bindings.systems()) {
         const QVariantMap row = entry.toMap();
+        const QString id = row["id"].toString();
         EXPECT_EQ(row.keys(), QStringList({"accent", "id", "label", "pad", "short"}));
-        EXPECT_FALSE(row["label"].toString().isEmpty());
-        EXPECT_TRUE(
-            QRegularExpression("^#[0-9a-f]{6}$").match(row["accent"].toString()).hasMatch());
-        ids += row["id"].toString();
-        EXPECT_FALSE(row["short"].toString().isEmpty());
-        bindings.setSystemId(row["id"].toString());
+        EXPECT_FALSE(row["label"].toString().isEmpty() || row["short"].toString().isEmpty());
+        EXPECT_TRUE(row["accent"].toString().startsWith('#'));
+        ids += id;
+        bindings.setSystemId(id);
         EXPECT_EQ(bindings.padStyle(), row["pad"].toString());
+        EXPECT_EQ(bindings.padStyle() == "snes", id == "snes") << "no style: " << id.toStdString();
+        ++systemsWithButtons[bindings.buttons().size()];
     }
-    EXPECT_EQ(bindings.systems().size(), 31);
     EXPECT_EQ(ids.size(), 31);
+    EXPECT_EQ(systemsWithButtons, (QMap<qsizetype, int>{{8, 20}, {10, 4}, {12, 5}, {14, 2}}));
 }
 
 TEST(ObjectSurfaceTest, TheLastObjectIsTheInstance) {

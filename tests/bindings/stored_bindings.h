@@ -27,9 +27,7 @@ public:
     explicit Signals(InputBindings& bindings) {
         QObject::connect(&bindings, &InputBindings::listeningChanged, [this] { seen += 'L'; });
         QObject::connect(&bindings, &InputBindings::gamepadNameChanged, [this] { seen += 'N'; });
-        QObject::connect(&bindings, &InputBindings::mappingChanged, [this, &bindings] {
-            seen += bindings.listening() ? 'm' : 'M'; // 'm': while a capture still runs
-        });
+        QObject::connect(&bindings, &InputBindings::mappingChanged, [this] { seen += 'M'; });
     }
     // What came since the last call.
     std::string take() { return std::exchange(seen, {}); }

@@ -1,5 +1,6 @@
 #include <array>
 #include <cstdlib>
+#include <sstream>
 
 #include "core_host/host_test.h"
 
@@ -8,9 +9,6 @@ namespace velmora::test {
 using CoreModule = HostTest;
 
 TEST_F(CoreModule, EntersTheCoreInOrderFromLoadToUnload) {
-    std::array<char, 4> memory = {};
-    core->save_ram = memory.data();
-    core->save_ram_size = memory.size();
     host.setDirectories(scratch.path(), scratch.path());
     core.on("retro_init", [&] { core->environment(RETRO_ENVIRONMENT_SHUTDOWN, nullptr); });
     int answersAtTheEnd = 0;
@@ -49,10 +47,7 @@ TEST_F(CoreModule, EntersTheCoreInOrderFromLoadToUnload) {
 }
 
 TEST_F(CoreModule, RefusesAPathThatIsNoModuleAndEndsTheRunningGame) {
-    writeFile(scratch / "text.so", "not a module");
-    const auto missing = scratch.path() / u8"нет" / u8"核.so";
-    for (const auto& path :
-         {missing, scratch.path(), scratch / "text.so", std::filesystem::path()}) {
+    for (const auto& path : {scratch / u8"核.so", scratch.path(), game, std::filesystem::path()}) {
         start();
         core.takeCalls();
         EXPECT_FALSE(host.loadCore(path));
@@ -64,38 +59,26 @@ TEST_F(CoreModule, RefusesAPathThatIsNoModuleAndEndsTheRunningGame) {
 }
 
 TEST_F(CoreModule, NamesTheMissingSymbolAndClosesTheModule) {
-    for (const char* symbol :
-         {"retro_set_environment", "retro_set_video_refresh", "retro_set_audio_sample",
-          "retro_set_audio_sample_batch", "retro_set_input_poll", "retro_set_input_state",
-          "retro_init", "retro_deinit", "retro_api_version", "retro_get_system_info",
-          "retro_get_system_av_info", "retro_set_controller_port_device", "retro_reset",
-          "retro_run", "retro_load_game", "retro_unload_game", "retro_get_memory_data",
-          "retro_get_memory_size"}) {
-        const std::string name = std::string("probe_without_") + symbol;
-        {
-            ProbeCore broken(name);
-            EXPECT_FALSE(host.loadCore(broken.path));
-            EXPECT_EQ(host.lastError, std::string("Missing symbol: ") + symbol);
-            EXPECT_EQ(broken.takeCalls(), Lines{});
+    std::istringstream symbols("retro_serialize " VELMORA_PROBE_REQUIRED_SYMBOLS);
+    for (std::string symbol; symbols >> symbol;) {
+        const bool optional = symbol == "retro_serialize";
+        for (int turn = 0; turn < 2; ++turn) {
+            ProbeCore incomplete("probe_without_" + symbol);
+            EXPECT_EQ(incomplete->accesses, 1U) << symbol << ": still open from the first turn";
+            EXPECT_EQ(host.loadCore(incomplete.path), optional);
+            EXPECT_EQ(host.lastError, optional ? "" : "Missing symbol: " + symbol);
+            EXPECT_EQ(incomplete.takeCalls().empty(), !optional) << symbol;
+            if (optional)
+                host.unload();
         }
-        EXPECT_FALSE(ProbeCore(name).wasOpen) << name;
-    }
-    for (const char* symbol : {"retro_serialize_size", "retro_serialize", "retro_unserialize"}) {
-        const std::string name = std::string("probe_without_") + symbol;
-        EXPECT_TRUE(host.loadCore(ProbeCore::pathOf(name))) << host.lastError;
-        EXPECT_TRUE(host.loadGame(game));
-        host.unload();
-        EXPECT_FALSE(ProbeCore(name).wasOpen) << name;
     }
 }
 
 TEST_F(CoreModule, RefusesAnotherApiVersion) {
-    for (const unsigned version : {0U, 2U}) {
-        core->api_version = version;
-        EXPECT_FALSE(host.loadCore(core.path));
-        EXPECT_EQ(host.lastError, "Unsupported libretro API version");
-        EXPECT_EQ(core.takeCalls(), Lines{"retro_api_version"});
-    }
+    core->api_version = 2;
+    EXPECT_FALSE(host.loadCore(core.path));
+    EXPECT_EQ(host.lastError, "Unsupported libretro API version");
+    EXPECT_EQ(core.takeCalls(), Lines{"retro_api_version"});
 }
 
 TEST_F(CoreModule, TakesABareNameFromTheCurrentDirectoryOnly) {
@@ -103,7 +86,7 @@ TEST_F(CoreModule, TakesABareNameFromTheCurrentDirectoryOnly) {
     std::filesystem::current_path(scratch.path());
     for (const char* searchable : {"libc.so.6", "kernel32.dll"}) {
         EXPECT_FALSE(host.loadCore(searchable));
-        EXPECT_EQ(host.lastError.find("Could not load core: "), 0U);
+        EXPECT_TRUE(host.lastError.starts_with("Could not load core: ")) << host.lastError;
     }
     const auto bare = core.path.filename();
     std::filesystem::copy_file(ProbeCore::pathOf("probe_without_retro_run"), bare);
@@ -114,8 +97,8 @@ TEST_F(CoreModule, TakesABareNameFromTheCurrentDirectoryOnly) {
 
 TEST_F(CoreModule, WaitsForNoPipe) {
     const auto pipe = scratch / "pipe";
-    if (std::system(("mkfifo " + pipe.string()).c_str()) != 0)
-        GTEST_SKIP() << "no pipes in this file system";
+    if (std::system(("mkfifo " + pipe.string()).c_str()) != 0 || !std::filesystem::is_fifo(pipe))
+        GTEST_SKIP() << "no pipe could be made";
     EXPECT_FALSE(host.loadCore(pipe));
     start();
     EXPECT_FALSE(host.loadState(pipe));
@@ -130,7 +113,6 @@ TEST_F(CoreModule, OpensCoreAndGameUnderForeignNames) {
     const auto foreign = directory / (u8"プローブ" + core.path.extension().u8string());
     std::filesystem::copy_file(core.path, foreign);
     std::filesystem::rename(game, directory / u8"игра.bin");
-    host.setDirectories(directory, directory);
     EXPECT_TRUE(host.loadCore(foreign)) << host.lastError;
     EXPECT_TRUE(host.loadGame(directory / u8"игра.bin")) << host.lastError;
     EXPECT_TRUE(host.saveState(directory / u8"セーブ.state")) << host.lastError;
@@ -199,13 +181,10 @@ TEST_F(CoreModule, LogsOnBothChannels) {
 TEST_F(CoreModule, OutlivesACoreThatThrows) {
     const auto fault = [] { throw std::runtime_error("core fault"); };
     start();
-    core.on("retro_run", fault);
-    core.on("retro_reset", fault);
-    core.on("retro_unload_game", fault);
-    core.on("retro_deinit", fault);
+    for (const char* entry : {"retro_run", "retro_reset", "retro_unload_game", "retro_deinit"})
+        core.on(entry, fault);
     host.runFrame();
     host.reset();
-    host.runFrame();
     host.unload();
     core.on("retro_init", fault);
     EXPECT_FALSE(host.loadCore(core.path));

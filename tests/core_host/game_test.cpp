@@ -4,41 +4,31 @@ namespace velmora::test {
 
 class Game : public HostTest {
 protected:
-    // The record that the core was given by the last loadGame.
-    struct Given {
-        std::string path;
-        std::string bytes;
-    };
-
     void SetUp() override {
         core.on("retro_load_game", [this] {
-            const auto* data = static_cast<const char*>(core->game->data);
-            given = {core->game->path, data ? std::string(data, core->game->size) : "no data"};
-            EXPECT_TRUE(data || core->game->size == 0);
+            path = core->game->path;
+            bytes.assign(static_cast<const char*>(core->game->data), core->game->size);
             EXPECT_EQ(core->game->meta, nullptr);
         });
     }
 
-    Given given;
+    // What the core was given by the last loadGame.
+    std::string path;
+    std::string bytes;
 };
 
 TEST_F(Game, ReachesTheCoreTheWayItWants) {
     start();
-    EXPECT_EQ(given.path, utf8(game));
-    EXPECT_EQ(given.bytes, "the whole game");
+    EXPECT_EQ(path, utf8(game));
+    EXPECT_EQ(bytes, "the whole game");
     EXPECT_EQ(host.fps, 50.0);
-    EXPECT_EQ(host.sampleRate, 48000.0);
     EXPECT_EQ(host.width, 256U);
-    EXPECT_EQ(host.height, 224U);
 
     core->need_fullpath = true;
-    core->av_info = {};
     ASSERT_TRUE(host.loadCore(core.path));
     EXPECT_TRUE(host.loadGame("missing\\game.iso"));
-    EXPECT_EQ(given.path, "missing/game.iso");
-    EXPECT_EQ(given.bytes, "no data");
-    EXPECT_EQ(host.fps, 50.0);
-    EXPECT_EQ(host.width, 256U);
+    EXPECT_EQ(path, "missing/game.iso");
+    EXPECT_EQ(bytes, "");
 }
 
 TEST_F(Game, ThatCannotBeReadOrIsRejectedLeavesTheCoreReady) {
@@ -49,10 +39,8 @@ TEST_F(Game, ThatCannotBeReadOrIsRejectedLeavesTheCoreReady) {
     if (tooLargeHere)
         std::filesystem::remove(scratch / "huge.bin");
     writeFile(scratch / "empty.bin", "");
-    host.setDirectories(scratch.path(), scratch.path());
     EXPECT_FALSE(host.loadGame(game));
     EXPECT_EQ(host.lastError, "No core loaded");
-    EXPECT_TRUE(core.takeCalls().empty());
     ASSERT_TRUE(host.loadCore(core.path));
     for (const char* name : {"missing.bin", "directory", "huge.bin"}) {
         EXPECT_FALSE(host.loadGame(scratch / name));
@@ -67,9 +55,7 @@ TEST_F(Game, ThatCannotBeReadOrIsRejectedLeavesTheCoreReady) {
     EXPECT_TRUE(core.takeCalls().empty());
     core->reject_game = false;
     EXPECT_TRUE(host.loadGame(scratch / "empty.bin"));
-    EXPECT_EQ(given.path, utf8(scratch / "empty.bin"));
-    host.unload();
-    EXPECT_FALSE(std::filesystem::exists(scratch / "game.srm"));
+    EXPECT_EQ(path, utf8(scratch / "empty.bin"));
 }
 
 class BatterySave : public HostTest {
@@ -92,10 +78,8 @@ protected:
 
 TEST_F(BatterySave, FillsTheFrontOfTheMemory) {
     std::filesystem::create_directories(saves);
-    const std::pair<const char*, const char*> rows[] = {{"", "12345678"},
-                                                        {"abcd", "abcd5678"},
-                                                        {"abcdefgh", "abcdefgh"},
-                                                        {"abcdefghij", "abcdefgh"}};
+    const std::pair<const char*, const char*> rows[] = {
+        {"", "12345678"}, {"abcd", "abcd5678"}, {"abcdefghij", "abcdefgh"}};
     for (const auto& [saved, expected] : rows) {
         host.unload();
         writeFile(file, saved);
@@ -110,17 +94,16 @@ TEST_F(BatterySave, IsWrittenOnDemandAndAtEveryEnd) {
     EXPECT_FALSE(std::filesystem::exists(file));
     host.persistSram();
     EXPECT_EQ(readFile(file), "12345678");
-    const auto expectAfter = [&](const char* bytes, const auto& end) {
-        memory = bytes;
-        host.runFrame();
-        host.reset();
-        EXPECT_NE(readFile(file), bytes);
-        end();
-        EXPECT_EQ(readFile(file), bytes);
-    };
-    expectAfter("unloaded", [&] { host.unload(); });
+    memory = "unloaded";
+    host.runFrame();
+    host.reset();
+    EXPECT_EQ(readFile(file), "12345678") << "not every frame";
+    host.unload();
+    EXPECT_EQ(readFile(file), "unloaded");
     start();
-    expectAfter("replaced", [&] { host.loadCore(core.path); });
+    memory = "replaced";
+    host.loadCore(core.path);
+    EXPECT_EQ(readFile(file), "replaced");
     {
         LibretroHost shortLived;
         shortLived.setDirectories("", saves);
@@ -129,18 +112,12 @@ TEST_F(BatterySave, IsWrittenOnDemandAndAtEveryEnd) {
     }
     EXPECT_EQ(readFile(file), "destruct");
 
-    start();
-    host.setDirectories("", scratch / "elsewhere");
-    host.unload();
-    EXPECT_EQ(readFile(scratch / "elsewhere" / "game.srm"), "destruct");
-}
-
-TEST_F(BatterySave, IsNamedByTheWholeStem) {
     core->need_fullpath = true;
     ASSERT_TRUE(host.loadCore(core.path));
     ASSERT_TRUE(host.loadGame("roms/Some Game.v2.gba"));
+    host.setDirectories("", scratch / "elsewhere");
     host.unload();
-    EXPECT_EQ(readFile(saves / "Some Game.v2.srm"), memory);
+    EXPECT_EQ(readFile(scratch / "elsewhere" / "Some Game.v2.srm"), "destruct");
 }
 
 TEST_F(BatterySave, FailsInSilence) {
@@ -156,17 +133,16 @@ TEST_F(BatterySave, FailsInSilence) {
 }
 
 TEST_F(BatterySave, IsLeftAloneWithoutMemoryOrDirectory) {
-    const auto playOnce = [&] {
+    const std::pair<void*, std::size_t> unusable[] = {
+        {memory.data(), 0}, {nullptr, 8}, {memory.data(), SIZE_MAX}};
+    for (const auto& [lent, size] : unusable) {
+        core->save_ram = lent;
+        core->save_ram_size = size;
         start();
         host.unload();
         EXPECT_FALSE(std::filesystem::exists(saves));
-    };
-    core->save_ram_size = 0;
-    playOnce();
-    core->save_ram_size = memory.size();
-    core->save_ram = nullptr;
-    playOnce();
-    core->save_ram = memory.data();
+    }
+    lend("12345678");
     host.setDirectories(saves, "");
     start();
     EXPECT_EQ(core.takeCalls().back(), "retro_set_controller_port_device");

@@ -3,8 +3,7 @@
  * module that the host opens, takes the one `struct probe` in it, sets what the core says and reads
  * what it was told. tests/support/probe_core.h does the opening.
  */
-#ifndef VELMORA_TESTS_PROBE_H
-#define VELMORA_TESTS_PROBE_H
+#pragma once
 
 #include <velmora/libretro.h>
 
@@ -23,11 +22,9 @@ struct probe {
     void* save_ram;
     size_t save_ram_size;
     size_t state_size;
-    bool reject_state; /* the answer of both directions where no function is set */
-    bool (*serialize)(void* user, void* data, size_t size);
-    bool (*unserialize)(void* user, const void* data, size_t size);
+    bool reject_state;
 
-    /* Called first thing in every entry point, with its name. May use all callbacks below. */
+    /* Called in every entry point before it answers, with its name. May use all callbacks below. */
     void (*entered)(void* user, const char* entry);
     void* user;
 
@@ -39,6 +36,9 @@ struct probe {
     retro_input_poll_t input_poll;
     retro_input_state_t input_state;
     const struct retro_game_info* game; /* only while retro_load_game runs */
+    void* to_serialize;                 /* only while retro_serialize runs */
+    const void* to_unserialize;         /* only while retro_unserialize runs */
+    size_t serialized_size;
     unsigned port;
     unsigned device;
 
@@ -46,15 +46,13 @@ struct probe {
     const char* calls[PROBE_CALLS_KEPT];
     size_t call_count;
 
-    /* Never set by the core: tells a module opened anew from one that was still open. */
-    bool used;
+    /* The calls of probe_access; one tells a module opened anew from one that was still open. */
+    unsigned accesses;
 };
 
+/* The core, back at its defaults. */
 RETRO_API struct probe* probe_access(void);
-RETRO_API void probe_reset(void);
 
 #ifdef __cplusplus
 }
-#endif
-
 #endif

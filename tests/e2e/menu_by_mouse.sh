@@ -6,7 +6,7 @@
 
 core=$(core_path nestopia)
 game=$VELMORA_GAMES/steer.nes
-[ -n "$core" ] || skip "libretro-nestopia is not installed"
+[ -n "$core" ] || skip "the core nestopia is not there"
 [ -e "$game" ] || skip "steer.nes was not assembled"
 
 start_screen

@@ -7,7 +7,7 @@
 
 core=$(core_path "$1")
 game=$VELMORA_GAMES/$2
-[ -n "$core" ] || skip "libretro-$1 is not installed"
+[ -n "$core" ] || skip "the core $1 is not there"
 [ -e "$game" ] || skip "$2 was not assembled"
 
 saved_byte() { # OFFSET

@@ -28,21 +28,23 @@ case $library in
     ;;
 esac
 
-classes='12LibretroHost 8SdlVideo 8SdlAudio 8SdlInput 13InputBindings'
-functions='_ZN7velmora12settingskeys3orgEv _ZN7velmora12settingskeys3appEv'
-allowed="_ZNK?7velmora(${classes// /|}).*|_ZT[VIS]N7velmora13InputBindingsE|${functions// /|}"
+classes='LibretroHost SdlVideo SdlAudio SdlInput InputBindings'
+functions='velmora::settingskeys::org() velmora::settingskeys::app()'
+# Members, but nothing of what is nested in a class.
+member="velmora::(${classes// /|})::~?[A-Za-z0-9_]+(\(.*)?"
+allowed="$member|(vtable|typeinfo|typeinfo name) for velmora::InputBindings"
 
-symbols=$(exported)
+symbols=$(exported | c++filt)
 libraries=$(needed)
 for class in $classes; do
-    grep -qE "^_ZNK?7velmora$class" <<<"$symbols" || complain "not exported: class $class"
+    grep -q "^velmora::$class::" <<<"$symbols" || complain "not exported: class $class"
 done
 for function in $functions; do
-    grep -qx "$function" <<<"$symbols" || complain "not exported: $function"
+    grep -qxF "$function" <<<"$symbols" || complain "not exported: $function"
 done
 while read -r symbol; do
     complain "exported: $symbol"
-done < <(grep -vxE "$allowed" <<<"$symbols" || true)
+done < <(grep -vxE "$allowed" <<<"$symbols" | grep -vxF "${functions// /$'\n'}" || true)
 for library_name in ${own//|/ }; do
     grep -q "$library_name" <<<"$libraries" || complain "not linked: $library_name"
 done

@@ -24,22 +24,19 @@ class ProbeCore {
 public:
     explicit ProbeCore(const std::string& name = "probe_core")
         : path(pathOf(name)), module(SDL_LoadObject(path.string().c_str())) {
-        const auto symbol = [this](const char* entry) { return SDL_LoadFunction(module, entry); };
         if (!module)
             throw std::runtime_error(SDL_GetError());
-        data = reinterpret_cast<decltype(&::probe_access)>(symbol("probe_access"))();
-        wasOpen = data->used;
-        reinterpret_cast<decltype(&::probe_reset)>(symbol("probe_reset"))();
-        data->used = true;
+        const auto access = SDL_LoadFunction(module, "probe_access");
+        data = reinterpret_cast<decltype(&::probe_access)>(access)();
         data->user = this;
         data->entered = [](void* self, const char* entry) {
-            static_cast<ProbeCore*>(self)->entered(entry);
+            const auto& scripted = static_cast<ProbeCore*>(self)->hooks;
+            if (const auto hook = scripted.find(entry); hook != scripted.end())
+                hook->second();
         };
     }
     ~ProbeCore() {
         data->entered = nullptr;
-        data->serialize = nullptr;
-        data->unserialize = nullptr;
         SDL_UnloadObject(module);
     }
     ProbeCore(const ProbeCore&) = delete;
@@ -54,20 +51,6 @@ public:
     // Has `work` done inside the core each time the host enters `entry`, a literal.
     void on(std::string_view entry, std::function<void()> work) { hooks[entry] = std::move(work); }
 
-    // Decides what the core does with states.
-    void onSerialize(std::function<bool(void*, std::size_t)> work) {
-        serialize = std::move(work);
-        data->serialize = [](void* self, void* state, std::size_t size) {
-            return static_cast<ProbeCore*>(self)->serialize(state, size);
-        };
-    }
-    void onUnserialize(std::function<bool(const void*, std::size_t)> work) {
-        unserialize = std::move(work);
-        data->unserialize = [](void* self, const void* state, std::size_t size) {
-            return static_cast<ProbeCore*>(self)->unserialize(state, size);
-        };
-    }
-
     // The entry points called since the last time this was asked.
     std::vector<std::string> takeCalls() {
         std::vector<std::string> calls(data->calls, data->calls + data->call_count);
@@ -76,20 +59,11 @@ public:
     }
 
     const std::filesystem::path path;
-    // Someone else held the module open already when this object opened it.
-    bool wasOpen = false;
 
 private:
-    void entered(std::string_view entry) {
-        if (const auto hook = hooks.find(entry); hook != hooks.end())
-            hook->second();
-    }
-
     SDL_SharedObject* module;
     probe* data = nullptr;
     std::map<std::string_view, std::function<void()>> hooks;
-    std::function<bool(void*, std::size_t)> serialize;
-    std::function<bool(const void*, std::size_t)> unserialize;
 };
 
 } // namespace velmora::test
