@@ -77,7 +77,8 @@ protected:
         pump();
     }
 
-    // Twice: the buffer that a resize brought, or the other one of two, can be the one that is read.
+    // Twice: the buffer that a resize brought, or the other one of two, can be the one that is
+    // read.
     void presentForReading() {
         video.present();
         video.present();

@@ -24,6 +24,15 @@ inline ShownMenu submenu(ShownMenu menu, std::size_t position) {
     return GetSubMenu(menu, static_cast<int>(position));
 }
 
+// A label as it is drawn: two ampersands show as one, and one not at all.
+inline std::string drawn(const std::wstring& label) {
+    return QString::fromStdWString(label)
+        .replace("&&", "\x01")
+        .remove('&')
+        .replace('\x01', '&')
+        .toStdString();
+}
+
 inline std::string line(ShownMenu menu, int position) {
     std::wstring label(20'000, L'\0');
     MENUITEMINFOW item = {};
@@ -35,7 +44,7 @@ inline std::string line(ShownMenu menu, int position) {
     const bool separator = (item.fType & MFT_SEPARATOR) != 0;
     label.resize(separator ? 0 : item.cch);
     const std::string kind = separator ? "--" : item.hSubMenu ? ">" : std::to_string(item.wID);
-    return kind + " " + QString::fromStdWString(label).toStdString() +
+    return kind + " " + drawn(label) +
            (!separator && (item.fState & MFS_GRAYED) != 0 ? " (greyed)" : "") +
            ((item.fState & MFS_CHECKED) != 0 ? " (checked)\n" : "\n");
 }
