@@ -1,11 +1,11 @@
+#include <algorithm>
 #include <cstdint>
-#include <fstream>
-#include <span>
 
 #include <velmora/libretro_host.h>
 
-#include "core_host/size_limit.h"
+#include "core_host/open_file.h"
 #include "core_host/utf8_path.h"
+#include "platform/core_call.h"
 #include "support/no_throw.h"
 
 namespace velmora {
@@ -19,61 +19,58 @@ std::filesystem::path batteryFile(const std::string& saveDir, const std::filesys
     return file;
 }
 
-// Moves the bytes straight between the file and the core's memory.
-template <class Stream>
-Stream openUnbuffered(const std::filesystem::path& path, std::ios::openmode mode) {
-    Stream file;
-    file.rdbuf()->pubsetbuf(nullptr, 0);
-    file.open(path, mode | std::ios::binary);
-    return file;
+// Fills the front of the memory with what the file holds.
+bool readInto(char* memory, std::size_t size, QFile& file) {
+    const qint64 length =
+        static_cast<qint64>(std::min(std::uint64_t{size}, static_cast<std::uint64_t>(file.size())));
+    return file.read(memory, length) == length;
 }
 
 } // namespace
 
-// Empty for a core that lends none, or claims more than any machine had.
-std::span<char> LibretroHost::batteryMemory() const {
-    const std::size_t size = core.retro_get_memory_size(RETRO_MEMORY_SAVE_RAM);
-    void* const memory = core.retro_get_memory_data(RETRO_MEMORY_SAVE_RAM);
-    if (!memory || size > sizeLimit)
-        return {};
-    return {static_cast<char*>(memory), size};
+// Null for a core that lends none.
+std::pair<char*, std::size_t> LibretroHost::batteryMemory() const {
+    const std::size_t size = platform::enterCore(core.retro_get_memory_size, RETRO_MEMORY_SAVE_RAM);
+    void* const memory = platform::enterCore(core.retro_get_memory_data, RETRO_MEMORY_SAVE_RAM);
+    return {size != 0 ? static_cast<char*>(memory) : nullptr, size};
 }
 
 // A file that is not there is no failure. Too little memory is: without its save the game would
 // start anew, and write that over the save in the end.
 bool LibretroHost::loadSram() {
+    unreadSave.clear();
     if (!core.retro_get_memory_data || !core.retro_get_memory_size || saveDir.empty())
         return false;
-    const std::span<char> memory = batteryMemory();
-    if (memory.empty())
+    const auto [memory, size] = batteryMemory();
+    if (!memory)
         return false;
-    const std::filesystem::path path = batteryFile(saveDir, romPath);
-    // Opening a pipe would wait for its other end.
-    std::error_code ignored;
-    if (!std::filesystem::is_regular_file(path, ignored))
-        return false;
-    auto file = openUnbuffered<std::ifstream>(path, std::ios::in);
-    if (!file)
-        return false;
-    file.read(memory.data(), static_cast<std::streamsize>(memory.size()));
-    return true;
+    std::filesystem::path path = batteryFile(saveDir, romPath);
+    QFile file;
+    const std::error_code error = openFile(file, path, QIODevice::ReadOnly);
+    if (!error && readInto(memory, size, file))
+        return true;
+    if (error != std::errc::no_such_file_or_directory)
+        unreadSave = std::move(path);
+    return false;
 }
 
+// What could not be read is not written over: the game began without it.
 void LibretroHost::persistSram() {
     noThrow([this] {
         if (!gameLoaded || !core.retro_get_memory_data || !core.retro_get_memory_size)
             return;
-        const std::span<const char> memory = batteryMemory();
-        if (memory.empty() || saveDir.empty())
+        const auto [memory, size] = batteryMemory();
+        // No memory is larger than the difference of two pointers.
+        if (!memory || size > PTRDIFF_MAX || saveDir.empty())
             return;
         const std::filesystem::path path = batteryFile(saveDir, romPath);
+        if (path == unreadSave)
+            return;
         std::error_code ignored;
         std::filesystem::create_directories(path.parent_path(), ignored);
-        if (std::filesystem::is_fifo(path, ignored))
-            return;
-        auto file = openUnbuffered<std::ofstream>(path, std::ios::out | std::ios::trunc);
-        if (file)
-            file.write(memory.data(), static_cast<std::streamsize>(memory.size()));
+        QFile file;
+        if (!openFile(file, path, QIODevice::WriteOnly))
+            file.write(memory, static_cast<qint64>(size));
     });
 }
 

@@ -8,6 +8,7 @@
 #include <velmora/sdl_input.h>
 #include <velmora/sdl_video.h>
 
+#include "platform/core_call.h"
 #include "platform/debug_output.h"
 #include "support/no_throw.h"
 
@@ -17,29 +18,29 @@ LibretroHost* LibretroHost::active = nullptr;
 
 void LibretroHost::setCallbacks() {
     active = this;
-    core.retro_set_environment(environmentThunk);
-    core.retro_set_video_refresh(videoRefreshThunk);
-    core.retro_set_audio_sample(audioSampleThunk);
-    core.retro_set_audio_sample_batch(audioBatchThunk);
-    core.retro_set_input_poll(inputPollThunk);
-    core.retro_set_input_state(inputStateThunk);
+    platform::enterCore(core.retro_set_environment, environmentThunk);
+    platform::enterCore(core.retro_set_video_refresh, videoRefreshThunk);
+    platform::enterCore(core.retro_set_audio_sample, audioSampleThunk);
+    platform::enterCore(core.retro_set_audio_sample_batch, audioBatchThunk);
+    platform::enterCore(core.retro_set_input_poll, inputPollThunk);
+    platform::enterCore(core.retro_set_input_state, inputStateThunk);
 }
 
-// Many cores are C++ inside; what such a core lets out ends the frame, not the process.
+// What a core throws ends the frame, not the process.
 void LibretroHost::runFrame() {
     const std::lock_guard lock(mutex);
     if (gameLoaded && core.retro_run)
-        noThrow([this] { core.retro_run(); });
+        noThrow([this] { platform::enterCore(core.retro_run); });
 }
 
 void LibretroHost::reset() {
     const std::lock_guard lock(mutex);
     if (gameLoaded && core.retro_reset)
-        noThrow([this] { core.retro_reset(); });
+        noThrow([this] { platform::enterCore(core.retro_reset); });
 }
 
 bool LibretroHost::environmentThunk(unsigned int command, void* data) {
-    return active && orElse(false, [&] { return active->environment(command, data); });
+    return active && noThrowOr(false, [&] { return active->environment(command, data); });
 }
 
 void LibretroHost::videoRefreshThunk(const void* data, unsigned int frameWidth,
@@ -85,8 +86,9 @@ void LibretroHost::logThunk(retro_log_level, const char* format, ...) {
     va_start(arguments, format);
     const int length = std::vsnprintf(message, sizeof message, format, arguments);
     va_end(arguments);
+    // A line that cannot be put together says more raw than not at all.
     if (length < 0)
-        return;
+        std::snprintf(message, sizeof message, "%s", format);
 
     platform::debugOutput("[libretro] ");
     platform::debugOutput(message);

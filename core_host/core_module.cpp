@@ -1,7 +1,9 @@
 #include <velmora/libretro_host.h>
+#include <velmora/sdl_video.h>
 
 #include "core_host/last_error.h"
 #include "core_host/utf8_path.h"
+#include "platform/core_call.h"
 #include "platform/dynamic_library.h"
 #include "support/no_throw.h"
 
@@ -36,55 +38,52 @@ bool LibretroHost::startCore(const std::filesystem::path& path) {
                                 " (LoadLibrary/GetProcAddress failed)"});
     if (!loadSymbols())
         return false;
-    if (core.retro_api_version() != RETRO_API_VERSION)
+    if (platform::enterCore(core.retro_api_version) != RETRO_API_VERSION)
         return fail(lastError, {"Unsupported libretro API version"});
     setCallbacks();
-    core.retro_init();
+    platform::enterCore(core.retro_init);
     coreLoaded = true;
     return true;
 }
 
+// Each symbol goes to the entry of its own name.
+#define VELMORA_BIND(symbol) bind(module, #symbol, core.symbol)
+#define VELMORA_REQUIRE(symbol)                                                                    \
+    (VELMORA_BIND(symbol) || fail(lastError, {"Missing symbol: ", #symbol}))
+
 bool LibretroHost::loadSymbols() {
-    const auto require = [this](const char* name, auto& entry) {
-        return bind(module, name, entry) || fail(lastError, {"Missing symbol: ", name});
-    };
     const bool complete =
-        require("retro_set_environment", core.retro_set_environment) &&
-        require("retro_set_video_refresh", core.retro_set_video_refresh) &&
-        require("retro_set_audio_sample", core.retro_set_audio_sample) &&
-        require("retro_set_audio_sample_batch", core.retro_set_audio_sample_batch) &&
-        require("retro_set_input_poll", core.retro_set_input_poll) &&
-        require("retro_set_input_state", core.retro_set_input_state) &&
-        require("retro_init", core.retro_init) && require("retro_deinit", core.retro_deinit) &&
-        require("retro_api_version", core.retro_api_version) &&
-        require("retro_get_system_info", core.retro_get_system_info) &&
-        require("retro_get_system_av_info", core.retro_get_system_av_info) &&
-        require("retro_set_controller_port_device", core.retro_set_controller_port_device) &&
-        require("retro_reset", core.retro_reset) && require("retro_run", core.retro_run) &&
-        require("retro_load_game", core.retro_load_game) &&
-        require("retro_unload_game", core.retro_unload_game) &&
-        require("retro_get_memory_data", core.retro_get_memory_data) &&
-        require("retro_get_memory_size", core.retro_get_memory_size);
+        VELMORA_REQUIRE(retro_set_environment) && VELMORA_REQUIRE(retro_set_video_refresh) &&
+        VELMORA_REQUIRE(retro_set_audio_sample) && VELMORA_REQUIRE(retro_set_audio_sample_batch) &&
+        VELMORA_REQUIRE(retro_set_input_poll) && VELMORA_REQUIRE(retro_set_input_state) &&
+        VELMORA_REQUIRE(retro_init) && VELMORA_REQUIRE(retro_deinit) &&
+        VELMORA_REQUIRE(retro_api_version) && VELMORA_REQUIRE(retro_get_system_info) &&
+        VELMORA_REQUIRE(retro_get_system_av_info) &&
+        VELMORA_REQUIRE(retro_set_controller_port_device) && VELMORA_REQUIRE(retro_reset) &&
+        VELMORA_REQUIRE(retro_run) && VELMORA_REQUIRE(retro_load_game) &&
+        VELMORA_REQUIRE(retro_unload_game) && VELMORA_REQUIRE(retro_get_memory_data) &&
+        VELMORA_REQUIRE(retro_get_memory_size);
     if (!complete)
         return false;
-
-    bind(module, "retro_serialize", core.retro_serialize);
-    bind(module, "retro_unserialize", core.retro_unserialize);
-    bind(module, "retro_serialize_size", core.retro_serialize_size);
+    VELMORA_BIND(retro_serialize);
+    VELMORA_BIND(retro_unserialize);
+    VELMORA_BIND(retro_serialize_size);
     return true;
 }
 
 void LibretroHost::unload() {
     if (gameLoaded && core.retro_unload_game) {
         persistSram();
-        noThrow([this] { core.retro_unload_game(); });
+        noThrow([this] { platform::enterCore(core.retro_unload_game); });
         gameLoaded = false;
     }
     if (coreLoaded && core.retro_deinit) {
-        noThrow([this] { core.retro_deinit(); });
+        noThrow([this] { platform::enterCore(core.retro_deinit); });
         coreLoaded = false;
     }
     if (module) {
+        if (video)
+            video->forgetCore();
         platform::closeLibrary(module);
         module = nullptr;
     }

@@ -1,11 +1,12 @@
 #include <cmath>
-#include <fstream>
 
 #include <velmora/libretro_host.h>
 
 #include "core_host/last_error.h"
+#include "core_host/open_file.h"
 #include "core_host/size_limit.h"
 #include "core_host/utf8_path.h"
+#include "platform/core_call.h"
 #include "support/no_throw.h"
 
 namespace velmora {
@@ -17,18 +18,14 @@ namespace {
 bool isRate(double value) { return value > 1.0 && std::isfinite(value); }
 
 bool readGame(const std::filesystem::path& path, std::vector<std::uint8_t>& bytes) {
-    // A directory opens like a file and then reports an endless length; a pipe would be waited for.
-    std::error_code ignored;
-    if (!std::filesystem::is_regular_file(path, ignored))
+    QFile file;
+    if (openFile(file, path, QIODevice::ReadOnly))
         return false;
-    std::ifstream file(path, std::ios::binary);
-    file.seekg(0, std::ios::end);
-    const std::streamoff length = file.tellg();
-    file.seekg(0);
-    if (!file || static_cast<std::uint64_t>(length) > sizeLimit)
+    const auto length = static_cast<std::uint64_t>(file.size());
+    if (length > sizeLimit)
         return false;
     bytes.resize(static_cast<std::size_t>(length));
-    file.read(reinterpret_cast<char*>(bytes.data()), length);
+    file.read(reinterpret_cast<char*>(bytes.data()), static_cast<qint64>(length));
     return true;
 }
 
@@ -55,37 +52,37 @@ bool LibretroHost::loadGame(const std::filesystem::path& path) {
 
 bool LibretroHost::startGame(const std::filesystem::path& path) {
     retro_system_info system = {};
-    core.retro_get_system_info(&system);
+    platform::enterCore(core.retro_get_system_info, &system);
     romPath = path;
     const std::string utf8Path = pathToUtf8(path);
     retro_game_info game = {utf8Path.c_str(), nullptr, 0, nullptr};
     romData.clear();
     if (!system.need_fullpath) {
-        if (!orElse(false, [&] { return readGame(path, romData); }))
+        if (!noThrowOr(false, [&] { return readGame(path, romData); }))
             return fail(lastError, {"Could not read ROM: ", utf8Path});
         game.data = romData.data();
         game.size = romData.size();
     }
-    if (!core.retro_load_game(&game))
+    if (!noThrowOr(false, [&] { return platform::enterCore(core.retro_load_game, &game); }))
         return fail(lastError, {"Core rejected ROM: ", utf8Path});
 
     try {
-        finishGame();
+        adoptGame();
     } catch (...) {
         // The core holds the game by now, and is to give it back.
         gameLoaded = false;
-        noThrow([this] { core.retro_unload_game(); });
+        noThrow([this] { platform::enterCore(core.retro_unload_game); });
         throw;
     }
     return true;
 }
 
-void LibretroHost::finishGame() {
+void LibretroHost::adoptGame() {
     retro_system_av_info info = {};
-    core.retro_get_system_av_info(&info);
+    platform::enterCore(core.retro_get_system_av_info, &info);
     adoptTiming(info.timing);
     adoptGeometry(info.geometry);
-    core.retro_set_controller_port_device(0, RETRO_DEVICE_JOYPAD);
+    platform::enterCore(core.retro_set_controller_port_device, 0U, unsigned{RETRO_DEVICE_JOYPAD});
     gameLoaded = true;
     loadSram();
 }

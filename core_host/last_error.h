@@ -7,16 +7,19 @@
 #include <string_view>
 #include <utility>
 
+#include <QString>
+
 namespace velmora {
 
-// Leaves a reason, put together from its parts, in `lastError` and gives the false to return. With
-// no memory left for the text the reason is that; it fits a string's own storage.
+// Leaves a reason, put together from its parts, in `lastError` and gives the false to return. What
+// is no UTF-8 in a part, such as a path's odd byte, is replaced. With no memory left for the text
+// the reason is that; it fits a string's own storage.
 inline bool fail(std::string& lastError, std::initializer_list<std::string_view> parts) noexcept {
     try {
         std::string text;
         for (const std::string_view part : parts)
             text += part;
-        lastError = std::move(text);
+        lastError = QString::fromStdString(text).toStdString();
     } catch (...) {
         lastError = "Out of memory";
     }

@@ -1,13 +1,15 @@
 #include <algorithm>
+#include <new>
 
 #include <QDebug>
-#include <QFile>
-#include <QFileInfo>
 
 #include <velmora/libretro_host.h>
 
 #include "core_host/last_error.h"
+#include "core_host/open_file.h"
 #include "core_host/size_limit.h"
+#include "platform/core_call.h"
+#include "support/no_throw.h"
 #include "velmora_foundation/paths.h"
 
 namespace velmora {
@@ -21,12 +23,9 @@ bool writeState(const std::vector<std::uint8_t>& state, const std::filesystem::p
     const QString name = paths::fromFs(path);
     std::error_code ignored;
     std::filesystem::create_directories(path.parent_path(), ignored);
-    QFile file(name);
-    // A pipe would be waited for, and through QFile's own buffer a small state would count as
-    // written on a disk that is full.
-    if (std::filesystem::is_fifo(path, ignored) ||
-        !file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
-        qWarning() << "Save state write failed" << name << file.errorString();
+    QFile file;
+    if (const std::error_code error = openFile(file, path, QIODevice::WriteOnly)) {
+        qWarning() << "Save state write failed" << name << QString::fromStdString(error.message());
         return fail(lastError, {"Could not write save state file."});
     }
     const auto size = static_cast<qint64>(state.size());
@@ -39,14 +38,16 @@ bool writeState(const std::vector<std::uint8_t>& state, const std::filesystem::p
     return true;
 }
 
-bool readState(const QString& name, QByteArray& state, std::string& lastError) {
-    QFile file(name);
-    if (!QFileInfo(name).isFile() || !file.open(QIODevice::ReadOnly)) {
+bool readState(const std::filesystem::path& path, const QString& name, QByteArray& state,
+               std::string& lastError) {
+    QFile file;
+    if (openFile(file, path, QIODevice::ReadOnly)) {
         qWarning() << "Save state missing" << name;
         return fail(lastError, {"Save state not found."});
     }
     if (static_cast<std::uint64_t>(file.size()) <= sizeLimit)
-        state = file.readAll();
+        state.resize(file.size());
+    state.truncate(std::max<qsizetype>(file.read(state.data(), state.size()), 0));
     return !state.isEmpty() || fail(lastError, {"Could not read save state file."});
 }
 
@@ -63,13 +64,15 @@ bool LibretroHost::saveState(const std::filesystem::path& path) {
 }
 
 bool LibretroHost::takeState(std::vector<std::uint8_t>& state) {
-    const std::size_t size = core.retro_serialize_size();
+    const std::size_t size = platform::enterCore(core.retro_serialize_size);
     if (size == 0)
         return fail(lastError, {"Save state size is zero."});
     if (size > sizeLimit)
-        return fail(lastError, {"Save state size is too large."});
+        throw std::bad_alloc();
     state.resize(size);
-    return core.retro_serialize(state.data(), size) ||
+    return noThrowOr(
+               false,
+               [&] { return platform::enterCore(core.retro_serialize, state.data(), size); }) ||
            fail(lastError, {"Core refused to serialize state."});
 }
 
@@ -80,12 +83,12 @@ bool LibretroHost::loadState(const std::filesystem::path& path) {
     return orFail(lastError, [&] {
         const QString name = paths::fromFs(path);
         QByteArray state;
-        if (!readState(name, state, lastError))
+        if (!readState(path, name, state, lastError))
             return false;
         const auto fileSize = static_cast<std::size_t>(state.size());
         const std::size_t coreSize =
-            core.retro_serialize_size ? core.retro_serialize_size() : fileSize;
-        if (!offerState(state, coreSize)) {
+            core.retro_serialize_size ? platform::enterCore(core.retro_serialize_size) : fileSize;
+        if (!offerInBothSizes(state.constData(), fileSize, coreSize)) {
             qWarning() << "Save state rejected" << name << "file" << fileSize << "core" << coreSize;
             return fail(lastError, {"Core refused to load this save state."});
         }
@@ -96,17 +99,20 @@ bool LibretroHost::loadState(const std::filesystem::path& path) {
 
 // A core that has grown or shrunk its state since the file was written may still take the old one
 // in its own size of today.
-bool LibretroHost::offerState(const QByteArray& state, std::size_t coreSize) {
-    const auto fileSize = static_cast<std::size_t>(state.size());
-    if (core.retro_unserialize(state.constData(), fileSize))
+bool LibretroHost::offerInBothSizes(const char* state, std::size_t fileSize, std::size_t coreSize) {
+    if (offerState(state, fileSize))
         return true;
     if (coreSize > fileSize && coreSize <= sizeLimit) {
-        std::vector<std::uint8_t> padded(coreSize);
-        std::copy(state.begin(), state.end(), padded.begin());
-        return core.retro_unserialize(padded.data(), coreSize);
+        std::vector<char> padded(coreSize);
+        std::copy_n(state, fileSize, padded.begin());
+        return offerState(padded.data(), coreSize);
     }
-    return coreSize != 0 && coreSize < fileSize &&
-           core.retro_unserialize(state.constData(), coreSize);
+    return coreSize != 0 && coreSize < fileSize && offerState(state, coreSize);
+}
+
+bool LibretroHost::offerState(const char* state, std::size_t size) {
+    return noThrowOr(false,
+                     [&] { return platform::enterCore(core.retro_unserialize, state, size); });
 }
 
 } // namespace velmora

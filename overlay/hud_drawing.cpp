@@ -4,7 +4,6 @@
 #include <SDL3/SDL_video.h>
 
 #include <memory>
-#include <utility>
 
 #include "overlay/hud_elements.h"
 #include "support/no_throw.h"
@@ -19,7 +18,7 @@ struct RendererDeleter {
 
 // False when the memory for it is not to be had; of the element nothing is drawn then.
 bool drawElement(const HudElement& element, const HudCanvas& canvas, const PlayHud& hud) {
-    return orElse(false, [&] {
+    return noThrowOr(false, [&] {
         element.draw(canvas, hud);
         return true;
     });
@@ -66,12 +65,10 @@ void SdlVideo::composePanel(int x, int y, int w, int h, const HudElement& elemen
         SDL_CreateSoftwareRenderer(surface.get()));
     if (!painter)
         return;
-    SDL_Renderer* const windowRenderer = std::exchange(renderer, painter.get());
-    const bool drawn = drawElement(element, {renderer, {0, 0, w, h}, false}, hud);
+    if (!drawElement(element, {painter.get(), {0, 0, w, h}, false}, hud))
+        return;
     SDL_RenderPresent(painter.get());
-    renderer = windowRenderer;
-    if (drawn)
-        blitRgba(x, y, w, h, surface->pixels);
+    blitRgba(x, y, w, h, surface->pixels);
 }
 
 } // namespace velmora

@@ -15,4 +15,7 @@ void* findSymbol(void* library, const char* name);
 // Closes what openLibrary gave.
 void closeLibrary(void* library);
 
+// Keeps the module that holds the function mapped until the process ends, whoever closes it.
+void keepModuleOf(void* function) noexcept;
+
 } // namespace velmora::platform

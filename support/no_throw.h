@@ -7,7 +7,7 @@ namespace velmora {
 // Runs `work` and turns whatever it throws into `fallback`: the way in for the public operations
 // and the callbacks that C code makes, where nothing may be thrown.
 template <class Result, class Work>
-Result orElse(Result fallback, Work&& work) noexcept {
+Result noThrowOr(Result fallback, Work&& work) noexcept {
     try {
         return std::forward<Work>(work)();
     } catch (...) {

@@ -16,8 +16,4 @@ bool SdlVideo::loadGlFunctions() {
            gl.glBlitFramebuffer;
 }
 
-bool SdlVideo::makeCurrent() const {
-    return window && glContext && SDL_GL_MakeCurrent(window, glContext);
-}
-
 } // namespace velmora

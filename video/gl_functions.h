@@ -6,7 +6,8 @@
 
 #include <velmora/sdl_video.h>
 
-// Every GL entry point of the table, in the order in which they are resolved.
+// Every GL entry point of the table, in the order in which they are resolved. The last one only
+// asks what a core left.
 #define VELMORA_GL_FUNCTIONS(X)                                                                    \
     X(glGenFramebuffers)                                                                           \
     X(glDeleteFramebuffers)                                                                        \
@@ -27,7 +28,8 @@
     X(glReadPixels)                                                                                \
     X(glPixelStorei)                                                                               \
     X(glClear)                                                                                     \
-    X(glClearColor)
+    X(glClearColor)                                                                                \
+    X(glGetIntegerv)
 
 namespace velmora {
 

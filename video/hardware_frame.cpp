@@ -7,6 +7,7 @@
 #include <iterator>
 #include <limits>
 
+#include "platform/core_call.h"
 #include "support/no_throw.h"
 #include "video/gl_functions.h"
 
@@ -84,10 +85,20 @@ bool SdlVideo::setupHardware(const retro_hw_render_callback& callback, int width
     return true;
 }
 
+bool SdlVideo::makeCurrent() const {
+    return window && glContext && SDL_GL_MakeCurrent(window, glContext);
+}
+
 void SdlVideo::runContextCallback(retro_hw_context_reset_t callback) {
     inContextCallback = true;
-    noThrow(callback);
+    noThrow([=] { platform::enterCore(callback); });
     inContextCallback = false;
+}
+
+// A core may ask for OpenGL as the last thing it does, and its module is closed next.
+void SdlVideo::forgetCore() {
+    hwRender.context_reset = nullptr;
+    hwRender.context_destroy = nullptr;
 }
 
 void SdlVideo::resizeHardwareBuffers(unsigned int width, unsigned int height) {

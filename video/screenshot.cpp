@@ -10,6 +10,7 @@
 #include <memory>
 
 #include "video/gl_functions.h"
+#include "video/pixel_store.h"
 #include "video/surface.h"
 
 namespace velmora {
@@ -73,13 +74,10 @@ bool SdlVideo::captureHardware(const std::string& path) {
 
     if (fbo != 0)
         gl.glBindFramebuffer(GL_READ_FRAMEBUFFER, fbo);
-    // What a core left of these would move the rows apart, beyond the buffer's end.
-    if (gl.glPixelStorei) {
-        gl.glPixelStorei(GL_PACK_ALIGNMENT, 1);
-        for (const GLenum name : {GL_PACK_ROW_LENGTH, GL_PACK_SKIP_ROWS, GL_PACK_SKIP_PIXELS})
-            gl.glPixelStorei(name, 0);
+    {
+        const TightRows rows(TightRows::Direction::fromGl);
+        gl.glReadPixels(0, 0, width, height, GL_RGBA, GL_UNSIGNED_BYTE, pixels.get());
     }
-    gl.glReadPixels(0, 0, width, height, GL_RGBA, GL_UNSIGNED_BYTE, pixels.get());
     if (fbo != 0)
         gl.glBindFramebuffer(GL_FRAMEBUFFER, 0);
     // GL gives the rows of its own origin bottom first, and a file begins at the top.

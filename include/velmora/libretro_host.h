@@ -3,15 +3,13 @@
 #include <cstdint>
 #include <filesystem>
 #include <mutex>
-#include <span>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include <velmora/export.h>
 #include <velmora/libretro.h>
-
-class QByteArray;
 
 namespace velmora {
 
@@ -138,11 +136,12 @@ private:
     void registerOptionDefinitionsV2(const retro_core_option_v2_definition* list);
     bool readVariable(retro_variable& variable) const;
     bool startGame(const std::filesystem::path& path);
-    void finishGame();
-    std::span<char> batteryMemory() const;
+    void adoptGame();
+    std::pair<char*, std::size_t> batteryMemory() const;
     bool loadSram();
     bool takeState(std::vector<std::uint8_t>& state);
-    bool offerState(const QByteArray& state, std::size_t coreSize);
+    bool offerInBothSizes(const char* state, std::size_t fileSize, std::size_t coreSize);
+    bool offerState(const char* state, std::size_t size);
 
     // The instance that serves the core's callbacks.
     static LibretroHost* active;
@@ -188,6 +187,8 @@ public:
 private:
     std::mutex mutex;
     EntryPoints core;
+    // The battery save that was there and could not be read; empty for none.
+    std::filesystem::path unreadSave;
 };
 
 } // namespace velmora

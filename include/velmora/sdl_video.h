@@ -150,7 +150,11 @@ public:
     void refreshNativeMenu();
 
 private:
+    // Tells of a core that is going.
+    friend class LibretroHost;
+
     struct GlFunctions;
+    class VELMORA_LOCAL TightRows;
 
     bool createGlWindow(const std::string& title, int width, int height);
     void showWindow();
@@ -170,6 +174,7 @@ private:
     void attachDepthStencil();
     void destroyFbo();
     void runContextCallback(retro_hw_context_reset_t callback);
+    void forgetCore();
     bool loadGlFunctions();
     bool makeCurrent() const;
     void renderHud();

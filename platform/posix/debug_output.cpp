@@ -1,9 +1,7 @@
 #include "platform/debug_output.h"
 
-#include <cstdio>
-
 namespace velmora::platform {
 
-void debugOutput(const char* text) noexcept { std::fputs(text, stderr); }
+void debugOutput(const char* /*text*/) noexcept {}
 
 } // namespace velmora::platform

@@ -2,6 +2,8 @@
 
 #include <dlfcn.h>
 
+#include "platform/file.h"
+
 namespace velmora::platform {
 
 void* openLibrary(const std::filesystem::path& path) {
@@ -9,7 +11,7 @@ void* openLibrary(const std::filesystem::path& path) {
     const auto exact = path.has_parent_path() ? path : "." / path;
     // A pipe of that name would keep dlopen waiting for its other end.
     std::error_code ignored;
-    if (!std::filesystem::is_regular_file(exact, ignored))
+    if (!openFile(exact, FileAccess::read, ignored))
         return nullptr;
     return dlopen(exact.c_str(), RTLD_NOW | RTLD_LOCAL);
 }
@@ -17,5 +19,11 @@ void* openLibrary(const std::filesystem::path& path) {
 void* findSymbol(void* library, const char* name) { return dlsym(library, name); }
 
 void closeLibrary(void* library) { dlclose(library); }
+
+void keepModuleOf(void* function) noexcept {
+    Dl_info module = {};
+    if (dladdr(function, &module) != 0)
+        dlopen(module.dli_fname, RTLD_NOW | RTLD_NOLOAD | RTLD_NODELETE);
+}
 
 } // namespace velmora::platform

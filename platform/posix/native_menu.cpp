@@ -21,7 +21,7 @@ PlayMenu* asMenu(void* menu) { return static_cast<PlayMenu*>(menu); }
 constexpr std::size_t startingRoom = 16;
 
 void* createMenu() noexcept {
-    return orElse<void*>(nullptr, [] {
+    return noThrowOr<void*>(nullptr, [] {
         auto menu = std::make_unique<PlayMenu>();
         menu->items.reserve(startingRoom);
         return menu.release();

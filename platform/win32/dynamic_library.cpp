@@ -25,4 +25,10 @@ void* findSymbol(void* library, const char* name) {
 
 void closeLibrary(void* library) { FreeLibrary(static_cast<HMODULE>(library)); }
 
+void keepModuleOf(void* function) noexcept {
+    HMODULE ignored = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
+                       static_cast<LPCWSTR>(function), &ignored);
+}
+
 } // namespace velmora::platform

@@ -2,8 +2,15 @@
 
 namespace velmora::paths {
 
+namespace {
+
+[[maybe_unused]] QString unicode(const std::string& text) { return QString::fromStdString(text); }
+[[maybe_unused]] QString unicode(const std::wstring& text) { return QString::fromStdWString(text); }
+
+} // namespace
+
 QString fromFs(const std::filesystem::path& path) {
-    return QString::fromStdU16String(path.generic_u16string());
+    return unicode(path.generic_string<std::filesystem::path::value_type>());
 }
 
 } // namespace velmora::paths

@@ -64,7 +64,7 @@ TEST_F(CoreModule, NamesTheMissingSymbolAndClosesTheModule) {
         const bool optional = symbol == "retro_serialize";
         for (int turn = 0; turn < 2; ++turn) {
             ProbeCore incomplete("probe_without_" + symbol);
-            EXPECT_EQ(incomplete->accesses, 1U) << symbol << ": still open from the first turn";
+            EXPECT_EQ(incomplete.accesses(), 1U) << symbol << ": still open from the first turn";
             EXPECT_EQ(host.loadCore(incomplete.path), optional);
             EXPECT_EQ(host.lastError, optional ? "" : "Missing symbol: " + symbol);
             EXPECT_EQ(incomplete.takeCalls().empty(), !optional) << symbol;
@@ -120,6 +120,25 @@ TEST_F(CoreModule, OpensCoreAndGameUnderForeignNames) {
     EXPECT_TRUE(host.loadState(directory / u8"セーブ.state")) << host.lastError;
 }
 
+TEST_F(CoreModule, TakesAPathThatIsNoText) {
+#ifdef _WIN32
+    const std::filesystem::path odd(L"odd \xd800");
+    const std::string shown = "odd ?";
+#else
+    const std::filesystem::path odd("odd \xff");
+    const std::string shown = "odd \uFFFD";
+#endif
+    EXPECT_FALSE(host.loadCore(odd));
+    EXPECT_EQ(host.lastError,
+              "Could not load core: " + shown + " (LoadLibrary/GetProcAddress failed)");
+    start();
+    EXPECT_FALSE(host.loadGame(odd));
+    EXPECT_EQ(host.lastError, "Could not read ROM: " + shown);
+    EXPECT_TRUE(host.saveState(scratch / odd)) << host.lastError;
+    EXPECT_EQ(readFile(scratch / odd).size(), 64U);
+    EXPECT_TRUE(host.loadState(scratch / odd)) << host.lastError;
+}
+
 TEST_F(CoreModule, ServesTheInstanceThatLoadedLast) {
     LibretroHost other;
     host.setDirectories("first", "");
@@ -160,7 +179,7 @@ TEST_F(CoreModule, DropsWhatHasNoOutputOrNoInstance) {
     EXPECT_FALSE(core->environment(RETRO_ENVIRONMENT_SET_MESSAGE, nullptr));
 }
 
-TEST_F(CoreModule, LogsOnBothChannels) {
+TEST_F(CoreModule, LogsEachLineOnce) {
     ASSERT_TRUE(host.loadCore(core.path));
     retro_log_callback log = {};
     ASSERT_TRUE(core->environment(RETRO_ENVIRONMENT_GET_LOG_INTERFACE, &log));
@@ -170,26 +189,54 @@ TEST_F(CoreModule, LogsOnBothChannels) {
     log.log(RETRO_LOG_ERROR, "%s %d\n", "\"é\"", 7);
     log.log(RETRO_LOG_DEBUG, "%s", longText.c_str());
     log.log(RETRO_LOG_INFO, nullptr);
-    const std::string cut(1023, 'x');
-    EXPECT_EQ(LogCapture::lines, (Lines{"I [libretro] \"é\" 7\n", "I [libretro] " + cut}));
-    const std::string debugger = testing::internal::GetCapturedStderr();
-#ifndef _WIN32
-    EXPECT_EQ(debugger, "[libretro] \"é\" 7\n[libretro] " + cut);
-#endif
+    const wchar_t noCharacter[] = {static_cast<wchar_t>(0xd800), 0};
+    log.log(RETRO_LOG_WARN, "unprintable: %ls", noCharacter);
+    EXPECT_EQ(LogCapture::lines,
+              (Lines{"I [libretro] \"é\" 7\n", "I [libretro] " + std::string(1023, 'x'),
+                     "I [libretro] unprintable: %ls"}));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << "where Qt's log goes by itself";
 }
 
-TEST_F(CoreModule, OutlivesACoreThatThrows) {
+TEST_F(CoreModule, AThrowIsTheFalseOfItsEntryPoint) {
+    const auto state = scratch / "state";
+    writeFile(state, std::string(10, 's'));
     const auto fault = [] { throw std::runtime_error("core fault"); };
     start();
-    for (const char* entry : {"retro_run", "retro_reset", "retro_unload_game", "retro_deinit"})
+    for (const char* entry : {"retro_run", "retro_reset", "retro_serialize", "retro_unserialize",
+                              "retro_load_game", "retro_unload_game", "retro_deinit"})
         core.on(entry, fault);
     host.runFrame();
     host.reset();
-    host.unload();
+    EXPECT_FALSE(host.saveState(state));
+    EXPECT_EQ(host.lastError, "Core refused to serialize state.");
+    core.takeCalls();
+    EXPECT_FALSE(host.loadState(state));
+    EXPECT_EQ(host.lastError, "Core refused to load this save state.");
+    EXPECT_EQ(core.takeCalls(),
+              (Lines{"retro_serialize_size", "retro_unserialize", "retro_unserialize"}));
+    ASSERT_TRUE(host.loadCore(core.path));
+    EXPECT_FALSE(host.loadGame(game));
+    EXPECT_EQ(host.lastError, "Core rejected ROM: " + utf8(game));
     core.on("retro_init", fault);
     EXPECT_FALSE(host.loadCore(core.path));
     EXPECT_EQ(host.lastError, "Unexpected failure: core fault");
     EXPECT_FALSE(core->environment(RETRO_ENVIRONMENT_SET_MESSAGE, nullptr));
+}
+
+// Threads of its own may still run in it.
+TEST_F(CoreModule, ThatThrewStaysMapped) {
+    for (const bool throws : {false, true}) {
+        {
+            ProbeCore victim("probe_without_retro_serialize");
+            ASSERT_TRUE(host.loadCore(victim.path));
+            if (throws)
+                victim.on("retro_load_game", [] { throw 1; });
+            EXPECT_EQ(host.loadGame(game), !throws);
+            host.unload();
+        }
+        const ProbeCore again("probe_without_retro_serialize");
+        EXPECT_EQ(again.accesses(), throws ? 2U : 1U);
+    }
 }
 
 } // namespace velmora::test

@@ -132,9 +132,32 @@ TEST_F(BatterySave, FailsInSilence) {
     EXPECT_EQ(host.lastError, "");
 }
 
+TEST_F(BatterySave, ThatCouldNotBeReadIsNotWrittenOver) {
+    std::filesystem::create_directories(file);
+    start();
+    std::filesystem::remove(file);
+    writeFile(file, "precious");
+    host.unload();
+    EXPECT_EQ(readFile(file), "precious");
+    start();
+    EXPECT_EQ(memory, "precious");
+    memory = "progress";
+    host.unload();
+    EXPECT_EQ(readFile(file), "progress");
+}
+
+TEST_F(BatterySave, IsReadAsFarAsItGoesIntoMemoryOfAnySize) {
+    std::filesystem::create_directories(saves);
+    writeFile(file, "abcd");
+    core->save_ram_size = SIZE_MAX;
+    start();
+    EXPECT_EQ(memory, "abcd5678");
+    host.unload();
+    EXPECT_EQ(readFile(file), "abcd") << "no memory is that large";
+}
+
 TEST_F(BatterySave, IsLeftAloneWithoutMemoryOrDirectory) {
-    const std::pair<void*, std::size_t> unusable[] = {
-        {memory.data(), 0}, {nullptr, 8}, {memory.data(), SIZE_MAX}};
+    const std::pair<void*, std::size_t> unusable[] = {{memory.data(), 0}, {nullptr, 8}};
     for (const auto& [lent, size] : unusable) {
         core->save_ram = lent;
         core->save_ram_size = size;

@@ -88,7 +88,7 @@ TEST_F(SaveState, TellsWhyNothingWasSaved) {
     expect(file, "Save state size is zero.");
     for (const std::size_t absurd : {SIZE_MAX, std::size_t{1} << 40}) {
         core->state_size = absurd;
-        expect(file, "Save state size is too large.");
+        expect(file, "Out of memory");
     }
     core->state_size = 64;
     core->reject_state = true;

@@ -58,6 +58,9 @@ public:
         return calls;
     }
 
+    // How often the module has been asked for its core since it was opened first.
+    unsigned accesses() const { return data->accesses; }
+
     const std::filesystem::path path;
 
 private:

@@ -1,5 +1,6 @@
 #include "video/window_picture.h"
 
+#include <array>
 #include <climits>
 #include <functional>
 #include <utility>
@@ -208,9 +209,6 @@ TEST_F(HardwareFrameTest, OddFramebuffersAndOversizedFramesAreShownWhole) {
     video.resizeHardwareBuffers(641, 481);
     drawQuarters(641, 481);
     fill(0, 240, 641, 1, 0.2F, 0.4F, 0.6F);
-    // What a core leaves in GL's state must not move the rows of the file, nor of the memory.
-    for (const GLenum name : {GL_PACK_ROW_LENGTH, GL_PACK_SKIP_ROWS, GL_PACK_SKIP_PIXELS})
-        CORE_GL(glPixelStorei, name, 1000);
     const Picture file = screenshot();
     ASSERT_EQ(file.height, 481);
     expectQuarters(file, {0, 0, 641, 481});
@@ -223,6 +221,37 @@ TEST_F(HardwareFrameTest, OddFramebuffersAndOversizedFramesAreShownWhole) {
     video.upload(RETRO_HW_FRAME_BUFFER_VALID, 0, 480, 0);
     video.present();
     expectQuarters(shownByGl(), {0, 0, 640, 480}); // what is allocated is what is there
+}
+
+TEST_F(HardwareFrameTest, WhatACoreLeavesInThePixelStoreMovesNoRowsAndStays) {
+    ASSERT_TRUE(video.setupHardware(request(), 320, 240)) << SDL_GetError();
+    video.resizeHardwareBuffers(641, 481);
+    resize(501, 401); // odd, so that the alignment matters
+    drawQuarters(641, 481);
+    video.hud.message = "A message";
+    video.hud.showMessage = true;
+    presentForReading();
+    const Picture shown = shownByGl();
+    const Picture file = screenshot();
+    constexpr GLenum names[] = {GL_PACK_ROW_LENGTH,   GL_PACK_SKIP_ROWS,   GL_PACK_SKIP_PIXELS,
+                                GL_UNPACK_ROW_LENGTH, GL_UNPACK_SKIP_ROWS, GL_UNPACK_SKIP_PIXELS,
+                                GL_PACK_ALIGNMENT,    GL_UNPACK_ALIGNMENT};
+    const auto store = [&] {
+        std::array<GLint, std::size(names)> values;
+        for (std::size_t i = 0; i < values.size(); ++i)
+            CORE_GL(glGetIntegerv, names[i], &values[i]);
+        return values;
+    };
+    const auto before = store();
+    std::array<GLint, std::size(names)> left = {9000, 1000, 1000, 9000, 1000, 1000, 8, 8};
+    for (std::size_t i = 0; i < left.size(); ++i)
+        CORE_GL(glPixelStorei, names[i], left[i]);
+    video.present();
+    EXPECT_TRUE(screenshot() == file);
+    EXPECT_EQ(store(), left);
+    for (std::size_t i = 0; i < left.size(); ++i)
+        CORE_GL(glPixelStorei, names[i], before[i]);
+    EXPECT_TRUE(shownByGl() == shown);
 }
 
 TEST_F(HardwareFrameTest, TheCoreHearsOfItsContextAtTheRightMoments) {
