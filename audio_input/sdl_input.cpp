@@ -2,16 +2,13 @@
 
 #include <algorithm>
 #include <iterator>
-#include <optional>
 #include <span>
 
-#include <QSettings>
 #include <QString>
 
 #include <SDL3/SDL.h>
 #include <velmora/input_bindings.h>
 #include <velmora/libretro.h>
-#include <velmora/settings_keys.h>
 
 #include "bindings/catalogue.h"
 #include "bindings/first_gamepad.h"
@@ -59,13 +56,6 @@ void SdlInput::close() {
 void SdlInput::poll() {
     std::fill(std::begin(held), std::end(held), false);
     escapeHeld = false;
-
-    // Qt drops the parsed file of a larger store when the last object on it goes, and every lookup
-    // below opens and closes an object of its own. This one outlives them all, so that a file is
-    // parsed at most once a poll; it is never read, and hides no one else's writes.
-    std::optional<QSettings> keepsFileParsed;
-    if (InputBindings::instance())
-        noThrow([&] { keepsFileParsed.emplace(settingskeys::org(), settingskeys::app()); });
     if (const bool* keys = SDL_GetKeyboardState(nullptr))
         applyKeyboard(keys);
     applyGamepad();

@@ -23,8 +23,8 @@ QString nameOf(SDL_JoystickID gamepad) {
     return name && *name ? QString::fromUtf8(name) : u"Gamepad"_s;
 }
 
-// The lowest button that is down on the gamepad. It is open for this one look only, so that a page
-// keeps no device from the game that runs beside it.
+// The lowest button that is down on the gamepad. It is opened for this one look: a pad that is
+// pulled out and put back is another device to SDL, which a handle kept from before would miss.
 std::optional<int> heldButton(SDL_JoystickID gamepad) {
     const std::unique_ptr<SDL_Gamepad, decltype(&SDL_CloseGamepad)> pad(SDL_OpenGamepad(gamepad),
                                                                         SDL_CloseGamepad);
@@ -41,7 +41,8 @@ bool InputBindings::listening() const { return listening_; }
 int InputBindings::listeningId() const { return listeningId_; }
 
 QString InputBindings::listeningName() const {
-    return orElse(QString(), [this] { return listening_ ? buttonName(listeningId_) : QString(); });
+    return noThrowOr(QString(),
+                     [this] { return listening_ ? buttonName(listeningId_) : QString(); });
 }
 
 QString InputBindings::gamepadName() const { return gamepadName_; }
@@ -101,7 +102,7 @@ void InputBindings::pollGamepad() {
 }
 
 void InputBindings::refreshGamepadName() {
-    const bool changed = orElse(false, [this] {
+    const bool changed = noThrowOr(false, [this] {
         const SDL_JoystickID gamepad = ensureSdl() ? firstGamepad() : 0;
         QString name = gamepad == 0 ? u"No gamepad connected"_s : nameOf(gamepad);
         if (name == gamepadName_)

@@ -9,8 +9,8 @@
 #include <velmora/input_bindings.h>
 #include <velmora/libretro.h>
 
-// The fixed vocabulary of the controls: every button with its name and defaults, the words for a
-// pad's own buttons, and which buttons a style of pad shows.
+// The fixed vocabulary of the controls: every button with its name and defaults, and which buttons
+// a style of pad shows.
 namespace velmora::catalogue {
 
 struct Button {
@@ -60,31 +60,6 @@ inline constexpr std::array<Button, 24> buttons{{
     {InputBindings::FastForward,    u"Fast Forward", SDL_SCANCODE_TAB,    noPad},
 }};
 // clang-format on
-
-// What a pad's own button is called, whatever system it plays.
-struct PadText {
-    SDL_GamepadButton button;
-    QStringView name;
-    QStringView shortName;
-};
-
-inline constexpr std::array<PadText, 15> padTexts{{
-    {SDL_GAMEPAD_BUTTON_SOUTH, u"A / Cross", u"A"},
-    {SDL_GAMEPAD_BUTTON_EAST, u"B / Circle", u"B"},
-    {SDL_GAMEPAD_BUTTON_WEST, u"X / Square", u"X"},
-    {SDL_GAMEPAD_BUTTON_NORTH, u"Y / Triangle", u"Y"},
-    {SDL_GAMEPAD_BUTTON_BACK, u"Back / Select", u"Select"},
-    {SDL_GAMEPAD_BUTTON_GUIDE, u"Guide", u"Guide"},
-    {SDL_GAMEPAD_BUTTON_START, u"Start", u"Start"},
-    {SDL_GAMEPAD_BUTTON_LEFT_STICK, u"Left Stick", u"LS"},
-    {SDL_GAMEPAD_BUTTON_RIGHT_STICK, u"Right Stick", u"RS"},
-    {SDL_GAMEPAD_BUTTON_LEFT_SHOULDER, u"Left Shoulder", u"LB"},
-    {SDL_GAMEPAD_BUTTON_RIGHT_SHOULDER, u"Right Shoulder", u"RB"},
-    {SDL_GAMEPAD_BUTTON_DPAD_UP, u"D-Pad Up", u"Up"},
-    {SDL_GAMEPAD_BUTTON_DPAD_DOWN, u"D-Pad Down", u"Down"},
-    {SDL_GAMEPAD_BUTTON_DPAD_LEFT, u"D-Pad Left", u"Left"},
-    {SDL_GAMEPAD_BUTTON_DPAD_RIGHT, u"D-Pad Right", u"Right"},
-}};
 
 // Ids of the buttons that a pad of this style shows, in the order of a page.
 std::span<const int> buttonsOf(QStringView padStyle);

@@ -11,20 +11,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Every binding of every device and system, and nothing else of the shared store.
-QString allBindings() { return u"controls/"_s; }
+// Where every binding of every device and system lies, and nothing else of the shared store.
+constexpr QStringView prefix = u"controls/";
 
 QHash<QString, QVariant> storedBindings() {
     const QSettings store = openStore();
     QHash<QString, QVariant> bindings;
-    for (const QString& key : keysUnder(store, allBindings()))
+    for (const QString& key : keysUnder(store, prefix))
         bindings.insert(key, store.value(key));
     return bindings;
 }
 
 void replaceBindings(const QHash<QString, QVariant>& bindings) {
     QSettings store = openStore();
-    removeUnder(store, allBindings());
+    removeUnder(store, prefix);
     for (auto entry = bindings.cbegin(); entry != bindings.cend(); ++entry)
         store.setValue(entry.key(), entry.value());
 }

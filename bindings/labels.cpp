@@ -1,6 +1,7 @@
 #include <velmora/input_bindings.h>
 
 #include <algorithm>
+#include <array>
 
 #include <SDL3/SDL.h>
 
@@ -31,37 +32,44 @@ QString shortKeyName(const QString& name) {
     return shortNames.value(name, name);
 }
 
-QString shortKeyNameOf(int code) { return shortKeyName(keyName(code)); }
+// What a pad's own button is called, whatever system it plays.
+struct PadText {
+    SDL_GamepadButton button;
+    QStringView name;
+    QStringView shortName;
+};
 
-QString padText(int code, QStringView catalogue::PadText::*text) {
-    const auto row = std::ranges::find(catalogue::padTexts, code, &catalogue::PadText::button);
-    return row == catalogue::padTexts.end() ? u"Button %1"_s.arg(code) : ((*row).*text).toString();
+constexpr std::array<PadText, 15> padTexts{{
+    {SDL_GAMEPAD_BUTTON_SOUTH, u"A / Cross", u"A"},
+    {SDL_GAMEPAD_BUTTON_EAST, u"B / Circle", u"B"},
+    {SDL_GAMEPAD_BUTTON_WEST, u"X / Square", u"X"},
+    {SDL_GAMEPAD_BUTTON_NORTH, u"Y / Triangle", u"Y"},
+    {SDL_GAMEPAD_BUTTON_BACK, u"Back / Select", u"Select"},
+    {SDL_GAMEPAD_BUTTON_GUIDE, u"Guide", u"Guide"},
+    {SDL_GAMEPAD_BUTTON_START, u"Start", u"Start"},
+    {SDL_GAMEPAD_BUTTON_LEFT_STICK, u"Left Stick", u"LS"},
+    {SDL_GAMEPAD_BUTTON_RIGHT_STICK, u"Right Stick", u"RS"},
+    {SDL_GAMEPAD_BUTTON_LEFT_SHOULDER, u"Left Shoulder", u"LB"},
+    {SDL_GAMEPAD_BUTTON_RIGHT_SHOULDER, u"Right Shoulder", u"RB"},
+    {SDL_GAMEPAD_BUTTON_DPAD_UP, u"D-Pad Up", u"Up"},
+    {SDL_GAMEPAD_BUTTON_DPAD_DOWN, u"D-Pad Down", u"Down"},
+    {SDL_GAMEPAD_BUTTON_DPAD_LEFT, u"D-Pad Left", u"Left"},
+    {SDL_GAMEPAD_BUTTON_DPAD_RIGHT, u"D-Pad Right", u"Right"},
+}};
+
+QString padText(int code, QStringView PadText::*text) {
+    const auto row = std::ranges::find(padTexts, code, &PadText::button);
+    return row == padTexts.end() ? u"Button %1"_s.arg(code) : ((*row).*text).toString();
 }
 
-QString padName(int code) { return padText(code, &catalogue::PadText::name); }
+QString padName(int code) { return padText(code, &PadText::name); }
 
-QString padShortName(int code) { return padText(code, &catalogue::PadText::shortName); }
+QString padShortName(int code) { return padText(code, &PadText::shortName); }
 
 struct Binding {
     QString kind;
     int code;
 };
-
-// One way of putting a binding into words.
-struct Wording {
-    QString (*key)(int code);
-    QString (*pad)(int code);
-    QLatin1StringView none;
-
-    QString operator()(const Binding& binding) const {
-        if (binding.kind == "key"_L1)
-            return key(binding.code);
-        return binding.kind == "pad"_L1 ? pad(binding.code) : QString(none);
-    }
-};
-
-constexpr Wording label{keyName, padName, "None"_L1};
-constexpr Wording caption{shortKeyNameOf, padShortName, ""_L1};
 
 // The binding that a button has on the device before anything is stored.
 Binding defaultBinding(const QString& device, InputBindings::DefaultMap defaults) {
@@ -73,18 +81,22 @@ Binding defaultBinding(const QString& device, InputBindings::DefaultMap defaults
 } // namespace
 
 QString InputBindings::bindingLabel(int buttonId) const {
-    return orElse(QString(), [&] {
+    return noThrowOr(QString(), [&] {
         Binding binding = defaultBinding(device_, defaultsFor(buttonId));
         loadBinding(device_, systemId_, buttonId, &binding.kind, &binding.code);
-        return label(binding);
+        if (binding.kind == "key"_L1)
+            return keyName(binding.code);
+        return binding.kind == "pad"_L1 ? padName(binding.code) : u"None"_s;
     });
 }
 
 QString InputBindings::bindingCaption(int buttonId) const {
-    return orElse(QString(), [&] {
+    return noThrowOr(QString(), [&] {
         Binding binding = defaultBinding(device_, defaultsFor(buttonId));
         loadBinding(device_, systemId_, buttonId, &binding.kind, &binding.code);
-        return caption(binding);
+        if (binding.kind == "key"_L1)
+            return shortKeyName(keyName(binding.code));
+        return binding.kind == "pad"_L1 ? padShortName(binding.code) : QString();
     });
 }
 

@@ -5,7 +5,6 @@
 #include <velmora_core/core_registry.h>
 
 #include "bindings/catalogue.h"
-#include "bindings/settings_store.h"
 #include "support/no_throw.h"
 
 namespace velmora {
@@ -21,11 +20,11 @@ QVariant row(int id, const QString& name, const QString& binding) {
 } // namespace
 
 QString InputBindings::padStyle() const {
-    return orElse(QString(), [this] { return padStyleFor(systemId_); });
+    return noThrowOr(QString(), [this] { return padStyleFor(systemId_); });
 }
 
 QList<QVariant> InputBindings::systems() const {
-    return orElse(QList<QVariant>(), [] {
+    return noThrowOr(QList<QVariant>(), [] {
         QList<QVariant> list;
         for (const CoreDescriptor& core : CoreRegistry::uniqueBySystem())
             list.append(QVariantMap{{u"id"_s, core.systemId},
@@ -38,9 +37,7 @@ QList<QVariant> InputBindings::systems() const {
 }
 
 QList<QVariant> InputBindings::buttons() const {
-    return orElse(QList<QVariant>(), [this] {
-        // Keeps the file parsed from row to row; each row opens the store for itself.
-        const QSettings keepsFileParsed = openStore();
+    return noThrowOr(QList<QVariant>(), [this] {
         QList<QVariant> list;
         for (const int id : catalogue::buttonsOf(padStyleFor(systemId_)))
             list.append(row(id, buttonName(id), bindingLabel(id)));
@@ -49,8 +46,7 @@ QList<QVariant> InputBindings::buttons() const {
 }
 
 QList<QVariant> InputBindings::specials() const {
-    return orElse(QList<QVariant>(), [this] {
-        const QSettings keepsFileParsed = openStore();
+    return noThrowOr(QList<QVariant>(), [this] {
         QList<QVariant> list;
         for (const catalogue::Button& button : catalogue::buttons)
             if (catalogue::isSpecial(button.id))

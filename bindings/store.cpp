@@ -23,6 +23,7 @@ InputBindings::InputBindings(QObject* parent) : QObject(parent) {
             application->installEventFilter(this);
         timer_.setInterval(std::chrono::milliseconds(16));
         connect(&timer_, &QTimer::timeout, this, &InputBindings::pollGamepad);
+        keepsFileParsed_ = std::make_unique<QSettings>(settingskeys::org(), settingskeys::app());
     });
 }
 
@@ -65,7 +66,7 @@ QString InputBindings::settingsKey(const QString& device, const QString& systemI
 
 bool InputBindings::loadBinding(const QString& device, const QString& systemId, int id,
                                 QString* kind, int* code) const {
-    return orElse(false, [&] {
+    return noThrowOr(false, [&] {
         const QString value = openStore().value(settingsKey(device, systemId, id)).toString();
         const qsizetype colon = value.lastIndexOf(u':');
         if (colon <= 0)

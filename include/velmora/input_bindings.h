@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 #include <QHash>
 #include <QObject>
 #include <QString>
@@ -7,6 +9,8 @@
 #include <QVariant>
 
 #include <velmora/export.h>
+
+class QSettings;
 
 struct SDL_Gamepad;
 
@@ -102,10 +106,8 @@ public:
 
     // --- Play time: plain reads of the store, usable from the thread that runs the core ---
     //
-    // Each opens the store for itself. `keys` is the array of SDL_GetKeyboardState and `pad` an
-    // open gamepad; both may be null. A caller that makes many lookups keeps a QSettings object on
-    // the same store alive across them: where the store is a file, Qt then holds on to what it
-    // parsed.
+    // Each opens the store for itself, at a cost that does not grow with the store. `keys` is the
+    // array of SDL_GetKeyboardState and `pad` an open gamepad; both may be null.
 
     // The SDL scancode bound to `button` on `systemId`; 0 or less for none.
     int keyboardScancode(const QString& systemId, int button) const;
@@ -184,6 +186,9 @@ private:
     QTimer timer_;
     QHash<QString, QVariant> snapshot_;
     bool editing_ = false;
+    // Never read. Where the store is a file, Qt keeps a larger one parsed only as long as an object
+    // on it lives, and every operation opens and closes one of its own.
+    std::unique_ptr<QSettings> keepsFileParsed_;
 };
 
 } // namespace velmora
