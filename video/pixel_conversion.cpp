@@ -39,6 +39,8 @@ void convertPlain(const unsigned char* src, std::uint32_t* dst, std::size_t coun
 #ifdef VELMORA_HAVE_SSE2
 
 constexpr std::size_t blockPixels = 8;
+// So many blocks a turn keep the loop itself out of the time.
+constexpr std::size_t turnPixels = 4 * blockPixels;
 
 inline __m128i everyLane(std::uint16_t value) { return _mm_set1_epi16(static_cast<short>(value)); }
 
@@ -64,6 +66,10 @@ template <PixelLayout layout>
 void convert(const unsigned char* src, std::uint32_t* dst, std::size_t count) {
     std::size_t done = 0;
 #ifdef VELMORA_HAVE_SSE2
+    for (; done + turnPixels <= count; done += turnPixels) {
+        for (std::size_t i = 0; i < turnPixels; i += blockPixels)
+            convertBlock<layout>(src + (done + i) * sizeof(std::uint16_t), dst + done + i);
+    }
     for (; done + blockPixels <= count; done += blockPixels)
         convertBlock<layout>(src + done * sizeof(std::uint16_t), dst + done);
 #endif

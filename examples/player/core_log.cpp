@@ -2,6 +2,8 @@
 
 #include <cstdio>
 
+#include <QString>
+
 namespace player {
 namespace {
 
@@ -9,42 +11,18 @@ const QString corePrefix = QStringLiteral("[libretro]");
 
 } // namespace
 
-CoreLog* CoreLog::active = nullptr;
+QtMessageHandler CoreLog::previous = nullptr;
 
-CoreLog::CoreLog() {
-    active = this;
-    previous = qInstallMessageHandler(handle);
-}
+CoreLog::CoreLog() { previous = qInstallMessageHandler(handle); }
 
-CoreLog::~CoreLog() {
-    qInstallMessageHandler(previous);
-    active = nullptr;
-}
-
-void CoreLog::print() const {
-    const std::lock_guard lock(mutex);
-    if (lines.empty()) {
-        return;
-    }
-    std::fputs("The core said:\n", stderr);
-    for (const QString& line : lines) {
-        std::fprintf(stderr, "  %s\n", qPrintable(line));
-    }
-}
+CoreLog::~CoreLog() { qInstallMessageHandler(previous); }
 
 void CoreLog::handle(QtMsgType type, const QMessageLogContext& context, const QString& message) {
     if (message.startsWith(corePrefix)) {
-        active->add(message.mid(corePrefix.size()).trimmed());
+        const QString line = message.mid(corePrefix.size()).trimmed();
+        std::fprintf(stderr, "core: %s\n", qPrintable(line));
     } else {
-        active->previous(type, context, message);
-    }
-}
-
-void CoreLog::add(const QString& line) {
-    const std::lock_guard lock(mutex);
-    lines.push_back(line);
-    if (lines.size() > lineLimit) {
-        lines.pop_front();
+        previous(type, context, message);
     }
 }
 

@@ -1,16 +1,14 @@
 #pragma once
 
-#include <cstddef>
-#include <deque>
-#include <mutex>
-
-#include <QString>
+#include <QtGlobal>
 
 class QMessageLogContext;
+class QString;
 
 namespace player {
 
-// Keeps the last lines that the core logged, to be shown beside an error: they often hold the
+// For as long as it lives, a line that the core logs comes out on standard error once, behind
+// "core: " and without the empty line that the core's own line end would leave: it often holds the
 // reason that no error code carries. All other messages go where they always went.
 class CoreLog {
 public:
@@ -19,21 +17,10 @@ public:
     CoreLog(const CoreLog&) = delete;
     CoreLog& operator=(const CoreLog&) = delete;
 
-    // Writes the lines to standard error.
-    void print() const;
-
 private:
-    static constexpr std::size_t lineLimit = 20;
-
     static void handle(QtMsgType type, const QMessageLogContext& context, const QString& message);
-    void add(const QString& line);
 
-    static CoreLog* active;
-
-    QtMessageHandler previous;
-    // A core may log from threads of its own.
-    mutable std::mutex mutex;
-    std::deque<QString> lines;
+    static QtMessageHandler previous;
 };
 
 } // namespace player

@@ -50,7 +50,6 @@ int play(const Options& options) {
     Session session;
     if (!session.start(options)) {
         std::fprintf(stderr, "velmora-player: %s\n", session.failure.c_str());
-        coreLog.print();
         return exitFailure;
     }
     Player player(options, session);
@@ -78,7 +77,8 @@ void Player::run() {
         takeActions();
         awaitRelease();
         notices.update();
-        if (!paused()) {
+        // A window that came up anew shows nothing before a frame, not even the menu.
+        if (session.followGraphicsDevice() || !paused()) {
             runFrame();
         }
         show();
@@ -186,8 +186,10 @@ void Player::awaitRelease() {
 
 bool Player::paused() const { return leaving || hud.menuOpen || awaitingRelease; }
 
+bool Player::fast() const { return options.uncapped || controls.held(InputBindings::FastForward); }
+
 void Player::runFrame() {
-    session.audio.suspended = options.uncapped || controls.held(InputBindings::FastForward);
+    session.audio.suspended = fast();
     session.host.runFrame();
     ++frames;
     session.followSampleRate();
@@ -198,9 +200,9 @@ void Player::runFrame() {
 // The display may hold every picture until its next refresh. A game that runs faster than that
 // shows only some.
 void Player::show() {
-    const bool fast = session.audio.suspended && !hud.menuOpen;
-    const bool skip = fast ? SDL_GetTicksNS() - shownAt < fastPictureInterval
-                           : pacer.behind() && picturesSkipped < picturesSkippedAtMost;
+    const bool skip = fast() && !hud.menuOpen
+                          ? SDL_GetTicksNS() - shownAt < fastPictureInterval
+                          : pacer.behind() && picturesSkipped < picturesSkippedAtMost;
     if (skip && !leaving) {
         ++picturesSkipped;
         return;
@@ -218,7 +220,7 @@ void Player::pace() {
     if (paused()) {
         pacer.wait(pausedRate);
     } else if (!options.uncapped) {
-        pacer.wait(session.host.fps * (session.audio.suspended ? fastForwardSpeed : 1));
+        pacer.wait(session.host.fps * (fast() ? fastForwardSpeed : 1));
     }
 }
 

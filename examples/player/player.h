@@ -37,6 +37,7 @@ private:
     void takeActions();
     void awaitRelease();
     bool paused() const;
+    bool fast() const;
     void runFrame();
     void show();
     void pace();

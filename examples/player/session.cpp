@@ -13,7 +13,7 @@ int rateOf(double sampleRate) {
     return plausible ? static_cast<int>(sampleRate + 0.5) : 0;
 }
 
-// Battery saves fail silently, so what stands in their way is told beforehand.
+// Battery saves fail silently: that they have no place is told beforehand.
 void makeDirectory(const std::filesystem::path& directory) {
     std::error_code error;
     std::filesystem::create_directories(directory, error);
@@ -26,7 +26,7 @@ void makeDirectory(const std::filesystem::path& directory) {
 } // namespace
 
 SdlLibrary::~SdlLibrary() {
-    SDL_RemoveEventWatch(noteQuit, this);
+    SDL_RemoveEventWatch(note, this);
     SDL_Quit();
 }
 
@@ -34,16 +34,22 @@ bool SdlLibrary::open() {
     if (!SDL_Init(SDL_INIT_VIDEO)) {
         return false;
     }
-    SDL_AddEventWatch(noteQuit, this);
+    SDL_AddEventWatch(note, this);
     if (!SDL_InitSubSystem(SDL_INIT_AUDIO)) {
         std::fprintf(stderr, "velmora-player: no sound: %s\n", SDL_GetError());
     }
     return true;
 }
 
-bool SdlLibrary::noteQuit(void* library, SDL_Event* event) {
+bool SdlLibrary::note(void* library, SDL_Event* event) {
+    auto& self = *static_cast<SdlLibrary*>(library);
     if (event->type == SDL_EVENT_QUIT) {
-        static_cast<SdlLibrary*>(library)->quitRequested = true;
+        self.quitRequested = true;
+    } else if (event->type == SDL_EVENT_RENDER_DEVICE_LOST ||
+               event->type == SDL_EVENT_RENDER_DEVICE_RESET) {
+        const SDL_WindowFlags flags = SDL_GetWindowFlags(SDL_GetWindowFromEvent(event));
+        self.lostInFullscreen = (flags & SDL_WINDOW_FULLSCREEN) != 0;
+        self.deviceLost = true;
     }
     return true;
 }
@@ -70,7 +76,8 @@ bool Session::start(const Options& options) {
         failure = host.lastError;
         return false;
     }
-    if (!openWindow(options)) {
+    title = toUtf8(options.game.stem()) + " - Velmora";
+    if (!openWindow(options.fullscreen)) {
         failure = std::string("no window: ") + SDL_GetError();
         return false;
     }
@@ -92,12 +99,22 @@ void Session::followGamepad() {
     }
 }
 
-bool Session::openWindow(const Options& options) {
-    const std::string title = toUtf8(options.game.stem()) + " - Velmora";
+bool Session::followGraphicsDevice() {
+    if (!sdl.deviceLost.exchange(false)) {
+        return false;
+    }
+    if (!openWindow(sdl.lostInFullscreen)) {
+        std::fprintf(stderr, "velmora-player: no window: %s\n", SDL_GetError());
+        sdl.quitRequested = true;
+    }
+    return true;
+}
+
+bool Session::openWindow(bool fullscreen) {
     if (!video.create(title, static_cast<int>(host.width), static_cast<int>(host.height))) {
         return false;
     }
-    if (options.fullscreen && !video.setFullscreen(true)) {
+    if (fullscreen && !video.setFullscreen(true)) {
         std::fprintf(stderr, "velmora-player: no fullscreen: %s\n", SDL_GetError());
     }
     return true;

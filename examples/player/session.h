@@ -3,14 +3,11 @@
 #include <atomic>
 #include <string>
 
-#include <QSettings>
-
 #include <velmora/input_bindings.h>
 #include <velmora/libretro_host.h>
 #include <velmora/sdl_audio.h>
 #include <velmora/sdl_input.h>
 #include <velmora/sdl_video.h>
-#include <velmora/settings_keys.h>
 
 #include "options.h"
 
@@ -33,8 +30,12 @@ public:
     // close request comes through SdlVideo::pumpEvents, which leaves this one to the frontend.
     std::atomic<bool> quitRequested = false;
 
+    // The graphics device of a window was lost or reset; and that window was in fullscreen.
+    std::atomic<bool> deviceLost = false;
+    std::atomic<bool> lostInFullscreen = false;
+
 private:
-    static bool noteQuit(void* library, SDL_Event* event);
+    static bool note(void* library, SDL_Event* event);
 };
 
 // One game from start to stop: the library's objects, made and ended in the order they need.
@@ -54,18 +55,18 @@ public:
     // Opens a gamepad that was plugged in, or lets go of one that was pulled out.
     void followGamepad();
 
+    // Opens the window anew when the graphics device was lost with all that it showed. True when
+    // that has happened: the core's next frame is the first in it.
+    bool followGraphicsDevice();
+
     std::string failure;
 
 private:
-    bool openWindow(const Options& options);
+    bool openWindow(bool fullscreen);
     void openSound();
 
     int soundRate = 0;
-
-    // Every lookup of a binding, here and in SdlInput::poll, opens the settings store for itself,
-    // and Qt forgets a large store's parsed file with the last object on it. This one lives as long
-    // as the game: it is never read, and hides no edit made elsewhere.
-    const QSettings keepsFileParsed{velmora::settingskeys::org(), velmora::settingskeys::app()};
+    std::string title;
 
 public:
     SdlLibrary sdl;

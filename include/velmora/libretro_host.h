@@ -25,12 +25,23 @@ class SdlVideo;
 // by `unload`. To play another game go through the same stop and call `loadCore` again.
 //
 // Threads: `loadCore`, `loadGame`, `runFrame`, `reset`, `saveState` and `loadState` exclude each
-// other and may come from different threads. `unload`, `persistSram`, `setDirectories` and the
+// other and may come from different threads; that is meant for a worker that saves and loads states
+// while another thread runs the frames. `unload`, `persistSram`, `setDirectories` and the
 // destructor take no lock: call them on the thread that runs the frames, or when no frame runs. The
-// core calls back on the thread that entered it; nothing reached from a callback may call one of
-// the six locking operations.
+// core calls back on the thread that entered it, and reaches SdlVideo, SdlAudio and SdlInput there:
+// with a core that renders through OpenGL all six belong to the thread that owns the window.
+// Nothing reached from a callback may call one of the six; a message handler installed with Qt is
+// such a place, since what the host and the core log is logged with the lock held.
 //
-// No operation throws. An operation that returns false leaves its reason in `lastError`.
+// No operation throws. An operation that returns false leaves its reason in `lastError`. What a
+// core throws ends there: a frame, a reset or a step of `unload` counts as done; from
+// retro_load_game, retro_serialize or retro_unserialize it is the refusal of that entry point; from
+// any other it fails the operation with "Unexpected failure: " and the exception's text. The module
+// of a core that threw stays mapped until the process ends, as threads of its own may still run in
+// it.
+//
+// Files: a directory or a pipe in a file's place counts as one that cannot be opened; a pipe is
+// never waited for.
 class VELMORA_EXPORT LibretroHost {
 public:
     // Touches no file and no module.
@@ -49,7 +60,8 @@ public:
     // Gives the running core the game at `path`, reads timing and geometry, plugs a joypad into
     // port 0 and loads the battery save. Call it once after each successful `loadCore`. False: no
     // core is running, the file cannot be read, or the core rejected it; the core stays loaded and
-    // another game may be tried.
+    // another game may be tried. A file of more than 4 GiB is not read into memory: a system may
+    // promise what it has not and end the program. Cores with larger games read them by the path.
     bool loadGame(const std::filesystem::path& path);
 
     // Writes the battery save, ends the game and the core, and closes the module. Safe when nothing
@@ -65,23 +77,27 @@ public:
 
     // Writes the core's state to the file at `path`: exactly the bytes of retro_serialize, no
     // header. Missing parent directories are made; an existing file is overwritten in place. Waits
-    // for a frame in progress. False: no game, the core cannot or would not, or the file could not
-    // be opened, or not be written whole (only then is the old content gone).
+    // for a frame in progress. False: no game, the core cannot or would not, there is no memory for
+    // the state (more than 4 GiB counts as such, see `loadGame`), or the file could not be opened,
+    // or not be written whole (only then is the old content gone).
     bool saveState(const std::filesystem::path& path);
 
     // Gives the core the state in the file at `path`. A file of another size than the core expects
     // is offered as it is, and once more padded with zeros or cut to the core's own size. False: no
-    // game, no file, or the core refused; a core that refused is not put back.
+    // game, no file, an empty one or one of more than 4 GiB, or the core refused; a core that
+    // refused is not put back.
     bool loadState(const std::filesystem::path& path);
 
     // Writes the running game's battery memory to `<save directory>/<game stem>.srm`: the raw
     // bytes, no header, the whole file each time. Silent: a save that cannot be written is not
-    // reported.
+    // reported. A save that was there when the game started and could not be read is not written
+    // over, nor is one written from a size that no memory has.
     void persistSram();
 
     // Sets the directory in which cores look for their system files and the one in which battery
-    // saves (and whatever cores put there) live. Neither is tested or made here. Call it before
-    // `loadCore`: cores keep pointers to these texts.
+    // saves (and whatever cores put there) live. Neither is tested or made here. An empty save
+    // directory means that there are no battery saves. Call it before `loadCore`: cores keep
+    // pointers to these texts.
     void setDirectories(const std::filesystem::path& systemDirectory,
                         const std::filesystem::path& saveDirectory);
 
@@ -167,7 +183,8 @@ public:
     std::uint32_t height = 160;
 
     // UTF-8 text of the latest failure, for the user. Never cleared: it means something only right
-    // after an operation has returned false.
+    // after an operation has returned false, on the thread that called it, and before another
+    // thread calls one: no lock guards it.
     std::string lastError;
 
 private:

@@ -38,11 +38,12 @@ public:
     // `muted` or `suspended`. A batch too large for memory is dropped.
     void push(const std::int16_t* samples, std::size_t frames);
 
-    // Queues one frame; a `push` of one.
+    // Queues one frame; a `push` of one, whose backlog is thus nine frames at most: a core that
+    // hands over all its sound this way is nearly mute.
     void pushSample(std::int16_t left, std::int16_t right);
 
-    // Sets the linear factor for the batches that follow, clamped to 0 (silence) to 1.5. NaN is
-    // taken as silence. Within 0.001 of 1 samples pass untouched.
+    // Sets the linear factor for the batches that follow, clamped to 0 (silence) to 1.5; it is 1 at
+    // first. NaN is taken as silence. Within 0.001 of 1 samples pass untouched.
     void setGain(float gain);
 
 private:

@@ -24,8 +24,9 @@ public:
     SdlInput& operator=(const SdlInput&) = delete;
 
     // Brings up SDL_INIT_GAMEPAD and opens the first gamepad in SDL's list into `pad`, closing one
-    // that was open. Without a gamepad `pad` is null and the keyboard carries on alone. A pad
-    // plugged in later is noticed by the next `open`.
+    // that was open. Without a gamepad `pad` is null and the keyboard carries on alone. A pad that
+    // is pulled out stays in `pad`, with nothing held (SDL_GamepadConnected tells), and one that is
+    // plugged in later is not noticed: the frontend calls `open` again then.
     void open();
 
     // Closes `pad`. Keyboard play goes on.

@@ -63,8 +63,9 @@ public:
     // The pointer's last position in window units, 0, 0 before the first motion.
     void mousePos(int& x, int& y) const;
 
-    // Puts the window into desktop fullscreen or back. False: no window, or SDL refused; nothing
-    // has changed then.
+    // Puts the window into desktop fullscreen or back. True means asked for: a window manager may
+    // take its time, or decide otherwise later. False: no window, or SDL refused; nothing has
+    // changed then.
     bool setFullscreen(bool on);
     bool toggleFullscreen();
 
@@ -86,7 +87,9 @@ public:
 
     // Shows the newest picture, fitted to the window by its pixel ratio with nearest-neighbour
     // scaling and bars, with the overlay on top. Waits for the display's refresh where the driver
-    // does so. On the software path nothing is shown before the first frame.
+    // does so. On the software path nothing is shown before the first frame. When the graphics
+    // device is lost (SDL_EVENT_RENDER_DEVICE_RESET and _LOST, which an SDL event watch sees), call
+    // `create` again: the picture comes back with the core's next frame.
     void present();
 
     // Writes the current picture to `path`, UTF-8, as a Windows bitmap whatever its extension. The
@@ -127,7 +130,8 @@ public:
     bool consumeClick(int& x, int& y);
 
     // The action code of the overlay at a point in window units, or -1. Changes nothing, so it
-    // serves for hovering too.
+    // serves for hovering too. The overlay is drawn in pixels: on a display where a window unit is
+    // more than one, what is hit and what is seen lie apart.
     int hitTest(int x, int y) const;
 
     // The next overlay action: one posted in `pendingAction` first, then what a pending click hits

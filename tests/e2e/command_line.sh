@@ -45,7 +45,7 @@ nestopia=$(core_path nestopia)
 if [ -n "$nestopia" ]; then
     player 1 "$nestopia" "$scratch/text.so"
     says "$err" "Core rejected ROM: $(seen "$scratch/text.so")"
-    says "$err" "The core said:"
+    says "$err" "core: "
 fi
 
 SDL_VIDEO_DRIVER=none demo 1 --frames 5

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <memory>
+
 #include <SDL3/SDL.h>
 
 #include <velmora/action_codes.h>
@@ -10,6 +12,8 @@
 #include "examples/player/controls.h"
 #include "examples/player/game_files.h"
 #include "examples/player/menu.h"
+#include "examples/player/session.h"
+#include "support/probe_core.h"
 #include "support/scratch_directory.h"
 
 namespace {
@@ -82,6 +86,30 @@ TEST(PlayerControls, OnePressPerPressOfAPadButton) {
     controls.read(bindings, nullptr);
     EXPECT_FALSE(controls.held(velmora::InputBindings::Pause));
     SDL_CloseGamepad(pad);
+}
+
+TEST(PlayerSession, ALostGraphicsDeviceBringsANewWindow) {
+    const ScratchDirectory scratch;
+    writeFile(scratch / "game", "a game");
+    const velmora::test::ProbeCore core;
+    player::Session session;
+    player::Options options;
+    options.core = core.path;
+    options.game = scratch / "game";
+    options.saveDirectory = scratch.path();
+    ASSERT_TRUE(session.start(options)) << session.failure;
+    const auto window = [] {
+        const std::unique_ptr<SDL_Window*, decltype(&SDL_free)> all(SDL_GetWindows(nullptr),
+                                                                    SDL_free);
+        return SDL_GetWindowID(*all);
+    };
+    const SDL_WindowID first = window();
+    EXPECT_FALSE(session.followGraphicsDevice());
+    SDL_Event event = {.render = {SDL_EVENT_RENDER_DEVICE_RESET, 0, 0, first}};
+    SDL_PushEvent(&event);
+    EXPECT_TRUE(session.followGraphicsDevice());
+    EXPECT_NE(window(), first);
+    EXPECT_FALSE(session.followGraphicsDevice());
 }
 
 TEST(PlayerFiles, SlotsAreNamedUpToTheLastInUse) {
