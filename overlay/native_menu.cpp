@@ -120,7 +120,7 @@ void SdlVideo::rebuildSlotMenus() {
 
 void SdlVideo::showNativeMenu(bool show) {
     if (window && menuBar)
-        platform::attachToWindow(window, show ? menuBar : nullptr);
+        platform::setMenuBar(window, show ? menuBar : nullptr);
 }
 
 void SdlVideo::updateAlwaysOnTopMenu() {
@@ -128,7 +128,7 @@ void SdlVideo::updateAlwaysOnTopMenu() {
 }
 
 void SdlVideo::detachNativeMenu() {
-    showNativeMenu(false);
+    platform::detachMenuBar(window);
     if (menuOwner != this)
         return;
     platform::removeMessageHandling(window);

@@ -35,11 +35,16 @@ bool removeFirstItem(void* menu) noexcept;
 // The check mark of the item with the id.
 void checkItem(void* menu, int id, bool checked) noexcept;
 
-// Puts the bar on the window; null takes the present one off. The bar goes on existing.
-void attachToWindow(SDL_Window* window, void* bar) noexcept;
+// Hangs the bar on the window, which grows downwards by it; null takes the present bar off, which
+// goes on existing, and leaves the client area in its place. A window that fills the screen stays
+// as it is.
+void setMenuBar(SDL_Window* window, void* bar) noexcept;
 
-// Lets the window's menu messages reach `events`, until they are removed. The process has one
-// receiver: the newest.
+// Takes the bar off a window on its way to destruction, which is neither moved nor resized for it.
+void detachMenuBar(SDL_Window* window) noexcept;
+
+// Lets the window's menu messages reach `events`, the newest only, until they are removed. A late
+// one may still come.
 void installMessageHandling(SDL_Window* window, const MenuEvents& events) noexcept;
 void removeMessageHandling(SDL_Window* window) noexcept;
 

@@ -76,9 +76,11 @@ void checkItem(void* menu, int id, bool checked) noexcept {
     }
 }
 
-void attachToWindow(SDL_Window* window, void* bar) noexcept {
+void setMenuBar(SDL_Window* window, void* bar) noexcept {
     SDL_SetPointerProperty(SDL_GetWindowProperties(window), playMenuProperty, bar);
 }
+
+void detachMenuBar(SDL_Window* window) noexcept { setMenuBar(window, nullptr); }
 
 // No messages come from a menu that the frontend shows itself: it calls SdlVideo::onInitMenuPopup
 // and SdlVideo::onNativeMenu.

@@ -3,17 +3,18 @@
 #define WIN32_LEAN_AND_MEAN
 #include <windows.h>
 
+#include "platform/win32/full_path.h"
+
 namespace velmora::platform {
 
 void* openLibrary(const std::filesystem::path& path) {
     // Only a full path with backslashes keeps LoadLibraryW from searching.
-    std::error_code error;
-    const auto exact = std::filesystem::absolute(path, error).make_preferred();
-    if (error)
+    const std::wstring exact = fullPath(path);
+    if (exact.empty())
         return nullptr;
     // A file that is no module is a failure to report, not a dialog to wait for.
     DWORD oldMode = 0;
-    SetThreadErrorMode(SEM_FAILCRITICALERRORS, &oldMode);
+    SetThreadErrorMode(GetThreadErrorMode() | SEM_FAILCRITICALERRORS, &oldMode);
     const HMODULE library = LoadLibraryW(exact.c_str());
     SetThreadErrorMode(oldMode, nullptr);
     return library;

@@ -15,15 +15,16 @@
 namespace velmora::platform {
 namespace {
 
-// Both null while nobody receives.
-MenuEvents receiver = {nullptr, nullptr};
+// Set before the first message can come, and kept: who receives knows whether it still wants any.
+MenuEvents receiver = {};
 
 // What the subclass displaced; null while no subclass is in place.
 WNDPROC previousWindowProc = nullptr;
 
 HMENU asMenu(void* menu) { return static_cast<HMENU>(menu); }
 
-// Asked anew each time: SDL may give its window another handle.
+// Asked anew each time: SDL may give its window another handle. The system refuses a null one, as
+// it does a null menu.
 HWND nativeHandle(SDL_Window* window) {
     return static_cast<HWND>(SDL_GetPointerProperty(SDL_GetWindowProperties(window),
                                                     SDL_PROP_WINDOW_WIN32_HWND_POINTER, nullptr));
@@ -50,9 +51,16 @@ void append(void* menu, UINT flags, UINT_PTR id, std::string_view label) noexcep
     noThrow([&] { AppendMenuW(asMenu(menu), flags, id, shown(toWide(label)).c_str()); });
 }
 
+// States in which the system decides where a window is.
+constexpr SDL_WindowFlags withoutChoice =
+    SDL_WINDOW_FULLSCREEN | SDL_WINDOW_MAXIMIZED | SDL_WINDOW_MINIMIZED;
+
+bool hang(SDL_Window* window, void* bar) {
+    const HWND handle = nativeHandle(window);
+    return SetMenu(handle, asMenu(bar)) && DrawMenuBar(handle);
+}
+
 void deliver(UINT message, WPARAM wParam) {
-    if (!receiver.command)
-        return;
     if (message == WM_COMMAND)
         receiver.command(LOWORD(wParam));
     else if (message == WM_INITMENUPOPUP)
@@ -74,10 +82,9 @@ bool SDLCALL menuMessageHook(void*, MSG* message) {
     return true;
 }
 
-WNDPROC replaceWindowProc(HWND handle, WNDPROC procedure) {
-    const LONG_PTR replaced =
-        SetWindowLongPtrW(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure));
-    return reinterpret_cast<WNDPROC>(replaced);
+WNDPROC replaceWindowProc(SDL_Window* window, WNDPROC procedure) {
+    return reinterpret_cast<WNDPROC>(SetWindowLongPtrW(nativeHandle(window), GWLP_WNDPROC,
+                                                       reinterpret_cast<LONG_PTR>(procedure)));
 }
 
 } // namespace
@@ -86,10 +93,7 @@ void* createMenuBar() noexcept { return CreateMenu(); }
 
 void* createPopupMenu() noexcept { return CreatePopupMenu(); }
 
-void destroyMenu(void* menu) noexcept {
-    if (menu)
-        DestroyMenu(asMenu(menu));
-}
+void destroyMenu(void* menu) noexcept { DestroyMenu(asMenu(menu)); }
 
 void appendItem(void* menu, int id, std::string_view label, bool enabled) noexcept {
     append(menu, enabled ? MF_STRING : MF_STRING | MF_GRAYED, static_cast<UINT_PTR>(id), label);
@@ -106,39 +110,34 @@ int itemCount(void* menu) noexcept { return GetMenuItemCount(asMenu(menu)); }
 bool removeFirstItem(void* menu) noexcept { return DeleteMenu(asMenu(menu), 0, MF_BYPOSITION); }
 
 void checkItem(void* menu, int id, bool checked) noexcept {
-    if (menu)
-        CheckMenuItem(asMenu(menu), static_cast<UINT>(id), checked ? MF_CHECKED : MF_UNCHECKED);
+    CheckMenuItem(asMenu(menu), static_cast<UINT>(id), checked ? MF_CHECKED : MF_UNCHECKED);
 }
 
-void attachToWindow(SDL_Window* window, void* bar) noexcept {
-    const HWND handle = nativeHandle(window);
-    if (!handle)
+void setMenuBar(SDL_Window* window, void* bar) noexcept {
+    SDL_Rect client = {};
+    SDL_GetWindowPosition(window, &client.x, &client.y);
+    SDL_GetWindowSize(window, &client.w, &client.h);
+    if (!hang(window, bar) || (SDL_GetWindowFlags(window) & withoutChoice) != 0)
         return;
-    int width = 0;
-    int height = 0;
-    SDL_GetWindowSize(window, &width, &height);
-    SetMenu(handle, asMenu(bar));
-    DrawMenuBar(handle);
-    // The bar takes its strip from the picture, which would start smaller than it was made and grow
-    // by the strip with each way through fullscreen. A window that fills the screen is to stay so.
-    if ((SDL_GetWindowFlags(window) & (SDL_WINDOW_FULLSCREEN | SDL_WINDOW_MAXIMIZED)) == 0)
-        SDL_SetWindowSize(window, width, height);
+    // The bar takes its strip from the client area or gives it back. SDL would return from
+    // fullscreen to what that leaves, each time higher and larger by the strip.
+    SDL_SetWindowSize(window, client.w, client.h);
+    if (!bar)
+        SDL_SetWindowPosition(window, client.x, client.y);
 }
+
+void detachMenuBar(SDL_Window* window) noexcept { hang(window, nullptr); }
 
 void installMessageHandling(SDL_Window* window, const MenuEvents& events) noexcept {
     receiver = events;
-    const HWND handle = nativeHandle(window);
-    if (handle && !previousWindowProc)
-        previousWindowProc = replaceWindowProc(handle, menuWindowProc);
+    if (!previousWindowProc)
+        previousWindowProc = replaceWindowProc(window, menuWindowProc);
     SDL_SetWindowsMessageHook(menuMessageHook, nullptr);
 }
 
 void removeMessageHandling(SDL_Window* window) noexcept {
-    const HWND handle = nativeHandle(window);
-    if (handle && previousWindowProc)
-        replaceWindowProc(handle, previousWindowProc);
-    receiver = {nullptr, nullptr};
-    previousWindowProc = nullptr;
+    if (previousWindowProc)
+        replaceWindowProc(window, std::exchange(previousWindowProc, nullptr));
     SDL_SetWindowsMessageHook(nullptr, nullptr);
 }
 

@@ -62,6 +62,11 @@ TEST_F(MenuMessagesTest, EndWithTheWindowAndBeginWithTheNext) {
         PostMessageW(handle(), WM_CLOSE, 0, 0);
         EXPECT_TRUE(pump()) << "SDL does not get what the menu has no use for";
     }
+    video.destroy();
+    SdlVideo next;
+    ASSERT_TRUE(next.create("next", 160, 144));
+    SendMessageW(handle(), WM_COMMAND, action::pause, 0);
+    EXPECT_EQ(next.consumeMenuAction(), action::pause);
 }
 
 } // namespace
