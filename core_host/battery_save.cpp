@@ -3,9 +3,9 @@
 
 #include <velmora/libretro_host.h>
 
-#include "core_host/open_file.h"
 #include "core_host/utf8_path.h"
 #include "platform/core_call.h"
+#include "platform/file.h"
 #include "support/no_throw.h"
 
 namespace velmora {
@@ -45,11 +45,10 @@ bool LibretroHost::loadSram() {
     if (!memory)
         return false;
     std::filesystem::path path = batteryFile(saveDir, romPath);
-    QFile file;
-    const std::error_code error = openFile(file, path, QIODevice::ReadOnly);
-    if (!error && readInto(memory, size, file))
+    platform::File file(path, QIODevice::ReadOnly);
+    if (!file.failure && readInto(memory, size, file))
         return true;
-    if (error != std::errc::no_such_file_or_directory)
+    if (file.failure != std::errc::no_such_file_or_directory)
         unreadSave = std::move(path);
     return false;
 }
@@ -68,8 +67,8 @@ void LibretroHost::persistSram() {
             return;
         std::error_code ignored;
         std::filesystem::create_directories(path.parent_path(), ignored);
-        QFile file;
-        if (!openFile(file, path, QIODevice::WriteOnly))
+        platform::File file(path, QIODevice::WriteOnly);
+        if (!file.failure)
             file.write(memory, static_cast<qint64>(size));
     });
 }

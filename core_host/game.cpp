@@ -3,10 +3,10 @@
 #include <velmora/libretro_host.h>
 
 #include "core_host/last_error.h"
-#include "core_host/open_file.h"
 #include "core_host/size_limit.h"
 #include "core_host/utf8_path.h"
 #include "platform/core_call.h"
+#include "platform/file.h"
 #include "support/no_throw.h"
 
 namespace velmora {
@@ -18,11 +18,9 @@ namespace {
 bool isRate(double value) { return value > 1.0 && std::isfinite(value); }
 
 bool readGame(const std::filesystem::path& path, std::vector<std::uint8_t>& bytes) {
-    QFile file;
-    if (openFile(file, path, QIODevice::ReadOnly))
-        return false;
+    platform::File file(path, QIODevice::ReadOnly);
     const auto length = static_cast<std::uint64_t>(file.size());
-    if (length > sizeLimit)
+    if (file.failure || length > sizeLimit)
         return false;
     bytes.resize(static_cast<std::size_t>(length));
     file.read(reinterpret_cast<char*>(bytes.data()), static_cast<qint64>(length));

@@ -6,9 +6,9 @@
 #include <velmora/libretro_host.h>
 
 #include "core_host/last_error.h"
-#include "core_host/open_file.h"
 #include "core_host/size_limit.h"
 #include "platform/core_call.h"
+#include "platform/file.h"
 #include "support/no_throw.h"
 #include "velmora_foundation/paths.h"
 
@@ -23,9 +23,10 @@ bool writeState(const std::vector<std::uint8_t>& state, const std::filesystem::p
     const QString name = paths::fromFs(path);
     std::error_code ignored;
     std::filesystem::create_directories(path.parent_path(), ignored);
-    QFile file;
-    if (const std::error_code error = openFile(file, path, QIODevice::WriteOnly)) {
-        qWarning() << "Save state write failed" << name << QString::fromStdString(error.message());
+    platform::File file(path, QIODevice::WriteOnly);
+    if (file.failure) {
+        qWarning() << "Save state write failed" << name
+                   << QString::fromStdString(file.failure.message());
         return fail(lastError, {"Could not write save state file."});
     }
     const auto size = static_cast<qint64>(state.size());
@@ -40,8 +41,8 @@ bool writeState(const std::vector<std::uint8_t>& state, const std::filesystem::p
 
 bool readState(const std::filesystem::path& path, const QString& name, QByteArray& state,
                std::string& lastError) {
-    QFile file;
-    if (openFile(file, path, QIODevice::ReadOnly)) {
+    platform::File file(path, QIODevice::ReadOnly);
+    if (file.failure) {
         qWarning() << "Save state missing" << name;
         return fail(lastError, {"Save state not found."});
     }

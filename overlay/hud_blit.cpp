@@ -21,10 +21,9 @@ void SdlVideo::blitRgba(int x, int y, int w, int h, const void* pixels) {
     gl.glBindTexture(GL_TEXTURE_2D, hudTexture);
     gl.glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
     gl.glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
-    {
-        const TightRows rows(TightRows::Direction::toGl);
+    moveTightRows(unpackNames, [&] {
         gl.glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA8, w, h, 0, GL_RGBA, GL_UNSIGNED_BYTE, pixels);
-    }
+    });
 
     gl.glBindFramebuffer(GL_READ_FRAMEBUFFER, hudFbo);
     gl.glFramebufferTexture2D(GL_READ_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, hudTexture,

@@ -1,31 +1,33 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 
 #include "video/gl_functions.h"
 
 namespace velmora {
 
-// For as long as it lives, GL takes or gives rows of pixels exactly as they lie in our memory. What
-// a core left in the pixel store would have it read or write beyond, so it is put aside; the core
-// may count on it and gets it back.
-class SdlVideo::TightRows {
-public:
-    enum class Direction { toGl, fromGl };
+// What the pixel store tells GL of the rows in our memory, on the way to GL and from it.
+inline constexpr std::array unpackNames = {GL_UNPACK_ALIGNMENT, GL_UNPACK_ROW_LENGTH,
+                                           GL_UNPACK_SKIP_ROWS, GL_UNPACK_SKIP_PIXELS};
+inline constexpr std::array packNames = {GL_PACK_ALIGNMENT, GL_PACK_ROW_LENGTH, GL_PACK_SKIP_ROWS,
+                                         GL_PACK_SKIP_PIXELS};
 
-    explicit TightRows(Direction direction);
-    ~TightRows();
-    TightRows(const TightRows&) = delete;
-    TightRows& operator=(const TightRows&) = delete;
-
-private:
-    struct Value {
-        GLenum name;
-        int ours;
-        int theCores;
-    };
-
-    std::array<Value, 4> values;
-};
+// Moves pixels with rows that follow each other without a gap. What a core left would have GL read
+// or write beyond our memory, so it is put aside; the core may count on it and gets it back.
+template <class Transfer>
+void SdlVideo::moveTightRows(const std::array<int, 4>& names, Transfer&& transfer) {
+    if (!gl.glPixelStorei || !gl.glGetIntegerv)
+        return transfer();
+    std::array<int, 4> left = {};
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const auto name = static_cast<GLenum>(names[i]);
+        gl.glGetIntegerv(name, &left[i]);
+        gl.glPixelStorei(name, i == 0 ? 1 : 0);
+    }
+    transfer();
+    for (std::size_t i = 0; i < names.size(); ++i)
+        gl.glPixelStorei(static_cast<GLenum>(names[i]), left[i]);
+}
 
 } // namespace velmora

@@ -74,10 +74,9 @@ bool SdlVideo::captureHardware(const std::string& path) {
 
     if (fbo != 0)
         gl.glBindFramebuffer(GL_READ_FRAMEBUFFER, fbo);
-    {
-        const TightRows rows(TightRows::Direction::fromGl);
+    moveTightRows(packNames, [&] {
         gl.glReadPixels(0, 0, width, height, GL_RGBA, GL_UNSIGNED_BYTE, pixels.get());
-    }
+    });
     if (fbo != 0)
         gl.glBindFramebuffer(GL_FRAMEBUFFER, 0);
     // GL gives the rows of its own origin bottom first, and a file begins at the top.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -158,7 +159,6 @@ private:
     friend class LibretroHost;
 
     struct GlFunctions;
-    class VELMORA_LOCAL TightRows;
 
     bool createGlWindow(const std::string& title, int width, int height);
     void showWindow();
@@ -177,6 +177,8 @@ private:
     bool createFbo(unsigned int width, unsigned int height);
     void attachDepthStencil();
     void destroyFbo();
+    template <class Transfer>
+    void moveTightRows(const std::array<int, 4>& names, Transfer&& transfer);
     void runContextCallback(retro_hw_context_reset_t callback);
     void forgetCore();
     bool loadGlFunctions();

@@ -10,8 +10,7 @@ void* openLibrary(const std::filesystem::path& path) {
     // dlopen looks a name without a slash up in the loader's directories.
     const auto exact = path.has_parent_path() ? path : "." / path;
     // A pipe of that name would keep dlopen waiting for its other end.
-    std::error_code ignored;
-    if (!openFile(exact, FileAccess::read, ignored))
+    if (File(exact, QIODevice::ReadOnly).failure)
         return nullptr;
     return dlopen(exact.c_str(), RTLD_NOW | RTLD_LOCAL);
 }

@@ -9,6 +9,11 @@
 namespace velmora::platform {
 namespace {
 
+// Without O_NONBLOCK a pipe would be waited for until its other end is opened.
+constexpr int always = O_NONBLOCK | O_CLOEXEC;
+constexpr int toRead = always | O_RDONLY;
+constexpr int toWrite = always | O_WRONLY | O_CREAT | O_TRUNC;
+
 // What stands against moving bytes to or from what was opened, 0 for nothing.
 int obstacle(int descriptor) {
     struct stat status = {};
@@ -21,21 +26,17 @@ int obstacle(int descriptor) {
 
 } // namespace
 
-File openFile(const std::filesystem::path& path, FileAccess access,
-              std::error_code& error) noexcept {
-    const bool reads = access == FileAccess::read;
-    // Without O_NONBLOCK a pipe would be waited for until its other end is opened.
-    const int descriptor =
-        open(path.c_str(),
-             (reads ? O_RDONLY : O_WRONLY | O_CREAT | O_TRUNC) | O_NONBLOCK | O_CLOEXEC, 0666);
-    const int failure = descriptor < 0 ? errno : obstacle(descriptor);
-    File file(failure == 0 ? fdopen(descriptor, reads ? "rb" : "wb") : nullptr);
-    error.assign(failure != 0 ? failure : file ? 0 : errno, std::generic_category());
-    if (file)
-        std::setvbuf(file.get(), nullptr, _IONBF, 0);
-    else if (descriptor >= 0)
-        close(descriptor);
-    return file;
+File::Descriptor::~Descriptor() {
+    if (value >= 0)
+        ::close(value);
+}
+
+File::File(const std::filesystem::path& path, QIODevice::OpenModeFlag mode)
+    : descriptor{::open(path.c_str(), mode == QIODevice::ReadOnly ? toRead : toWrite, 0666)} {
+    const int reason = descriptor.value < 0 ? errno : obstacle(descriptor.value);
+    if (reason == 0)
+        open(descriptor.value, mode | QIODevice::Unbuffered);
+    failure.assign(reason, std::generic_category());
 }
 
 } // namespace velmora::platform

@@ -1,40 +1,42 @@
 #include "platform/file.h"
 
 #define WIN32_LEAN_AND_MEAN
+#include <fcntl.h>
 #include <io.h>
+#include <sys/stat.h>
 #include <windows.h>
 
 #include <cerrno>
 
 #include "platform/win32/full_path.h"
-#include "support/no_throw.h"
 
 namespace velmora::platform {
 namespace {
 
-// Pipes and devices such as the console have no bytes of their own and may be waited for.
-bool isStream(std::FILE* file) {
-    const auto handle = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(file)));
-    const DWORD type = GetFileType(handle);
+constexpr int always = _O_BINARY | _O_NOINHERIT;
+constexpr int toRead = always | _O_RDONLY;
+constexpr int toWrite = always | _O_WRONLY | _O_CREAT | _O_TRUNC;
+
+// Pipes, and devices such as the console, have no bytes of their own and may be waited for.
+bool isStream(int descriptor) {
+    const DWORD type = GetFileType(reinterpret_cast<HANDLE>(_get_osfhandle(descriptor)));
     return type == FILE_TYPE_PIPE || type == FILE_TYPE_CHAR;
 }
 
 } // namespace
 
-File openFile(const std::filesystem::path& path, FileAccess access,
-              std::error_code& error) noexcept {
-    errno = ENOMEM;
-    File file(noThrowOr<std::FILE*>(nullptr, [&] {
-        return _wfopen(fullPath(path).c_str(), access == FileAccess::read ? L"rb" : L"wb");
-    }));
-    error.assign(file ? 0 : errno, std::generic_category());
-    if (file && isStream(file.get())) {
-        file = nullptr;
-        error.assign(ESPIPE, std::generic_category());
-    }
-    if (file)
-        std::setvbuf(file.get(), nullptr, _IONBF, 0);
-    return file;
+File::Descriptor::~Descriptor() {
+    if (value >= 0)
+        _close(value);
+}
+
+File::File(const std::filesystem::path& path, QIODevice::OpenModeFlag mode)
+    : descriptor{_wopen(fullPath(path).c_str(), mode == QIODevice::ReadOnly ? toRead : toWrite,
+                        _S_IREAD | _S_IWRITE)} {
+    const int reason = descriptor.value < 0 ? errno : isStream(descriptor.value) ? ESPIPE : 0;
+    if (reason == 0)
+        open(descriptor.value, mode | QIODevice::Unbuffered);
+    failure.assign(reason, std::generic_category());
 }
 
 } // namespace velmora::platform
