@@ -32,14 +32,13 @@ struct PadStyle {
     std::span<const int> buttons;
 };
 
+// All others have four buttons and shoulders: "gba", "nds", "psp", "gc" and "snes".
 constexpr PadStyle padStyles[] = {
-    {u"nes", twoButtons},       {u"sms", twoButtons},        {u"pce", twoButtons},
-    {u"gg", twoButtons},        {u"lynx", twoButtons},       {u"ngp", twoButtons},
-    {u"wswan", twoButtons},     {u"atari", twoButtons},      {u"stick", twoButtons},
-    {u"vb", twoButtons},        {u"gb", twoButtons},         {u"genesis", sixButtons},
-    {u"gba", fourAndShoulders}, {u"nds", fourAndShoulders},  {u"psp", fourAndShoulders},
-    {u"gc", fourAndShoulders},  {u"snes", fourAndShoulders}, {u"n64", fourAndTriggers},
-    {u"psx", fourAndTriggers},
+    {u"nes", twoButtons},      {u"sms", twoButtons},      {u"pce", twoButtons},
+    {u"gg", twoButtons},       {u"lynx", twoButtons},     {u"ngp", twoButtons},
+    {u"wswan", twoButtons},    {u"atari", twoButtons},    {u"stick", twoButtons},
+    {u"vb", twoButtons},       {u"gb", twoButtons},       {u"genesis", sixButtons},
+    {u"n64", fourAndTriggers}, {u"psx", fourAndTriggers},
 };
 
 struct System {

@@ -64,8 +64,11 @@ protected:
     }
 
     void waitFor(std::size_t chunks) const {
-        while (std::filesystem::file_size(sound) < chunks * chunkBytes)
+        const Uint64 deadline = SDL_GetTicks() + 30000;
+        while (std::filesystem::file_size(sound) < chunks * chunkBytes) {
+            ASSERT_LT(SDL_GetTicks(), deadline) << "the device plays nothing";
             SDL_Delay(10);
+        }
     }
 
     const ScratchDirectory scratch;
@@ -78,14 +81,15 @@ TEST_F(SdlAudioTest, ScalesTruncatesAndClamps) {
     const Samples louder{1500, -1500, 32767, -32768, 4, -4, 32767, -32768};
     const Samples silence(loud.size());
     const std::pair<float, Samples> cases[] = {
-        {1.0005F, loud},
+        {1.001F, loud},
         {1.002F, {1002, -1002, 30060, -30060, 3, -3, 32767, -32768}},
         {0.5F, {500, -500, 15000, -15000, 1, -1, 16383, -16384}},
         {1.5F, louder},
         {2.0F, louder},
         {-1.0F, silence},
         {std::nanf(""), silence},
-        {0.9995F, loud},
+        {0.999F, loud},
+        {0.998F, {998, -998, 29940, -29940, 2, -2, 32701, -32702}},
     };
     openAndSettle();
     Samples expected;
@@ -101,6 +105,10 @@ TEST_F(SdlAudioTest, ABacklogOfMoreThanEightBatchesIsThrownAway) {
     openAndSettle();
     pushNumbered(9, 735);
     EXPECT_EQ(heard(), numbered(9, 735)) << "exactly eight stay";
+
+    openAndSettle();
+    pushNumbered(10, 735);
+    EXPECT_EQ(heard(), Samples(735 * 2, 10)) << "the tenth finds nine";
 
     openAndSettle();
     pushNumbered(9, 735);

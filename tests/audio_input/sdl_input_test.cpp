@@ -57,9 +57,11 @@ TEST_F(SdlInputTest, PlaysByTheBindingsOfTheSystem) {
     put("controls/keyboard/snes/15", "key:34");
     put("controls/gamepad/snes/3", "pad:20");
     put("controls/gamepad/gba/0", "pad:7");
+    put("controls/keyboard/snes/16", "key:34");
     input.systemId = "snes";
     input.open();
     EXPECT_EQ(maskOf({34}, {}), -32768);
+    EXPECT_FALSE(input.escapeHeld) << "there is no seventeenth button";
     EXPECT_EQ(maskOf({SDL_SCANCODE_1}, {}), bit(12));
     EXPECT_EQ(maskOf({}, {20}), 0x0008);
     EXPECT_EQ(maskOf({}, {6, 7}), 0);
@@ -86,7 +88,9 @@ TEST_F(SdlInputTest, KeyboardAndPadAddUpAndAPollStartsAnew) {
 }
 
 TEST_F(SdlInputTest, AnswersForOneJoypadOnly) {
-    EXPECT_EQ(maskOf({SDL_SCANCODE_RETURN}, {SDL_GAMEPAD_BUTTON_SOUTH}), bit(3)) << "not opened";
+    EXPECT_EQ(maskOf({SDL_SCANCODE_RETURN, SDL_SCANCODE_ESCAPE}, {SDL_GAMEPAD_BUTTON_SOUTH}),
+              bit(3))
+        << "the pad is not opened";
     EXPECT_EQ(input.state(0, RETRO_DEVICE_JOYPAD, 5, 3), 1);
     for (const unsigned int id : {2U, 16U, 255U, 257U, ~0U})
         EXPECT_EQ(input.state(0, RETRO_DEVICE_JOYPAD, 0, id), 0) << id;
@@ -99,7 +103,6 @@ TEST_F(SdlInputTest, AnswersForOneJoypadOnly) {
 TEST_F(SdlInputTest, OpensTheFirstPadOnly) {
     const VirtualPad second("Second");
     input.open();
-    input.open();
     ASSERT_TRUE(input.pad);
     EXPECT_STREQ(SDL_GetGamepadName(input.pad), "First");
     EXPECT_FALSE(SDL_GetGamepadFromID(second.id)) << "never opened";
@@ -110,8 +113,29 @@ TEST_F(SdlInputTest, OpensTheFirstPadOnly) {
     second.unplug();
     input.open();
     EXPECT_FALSE(input.pad);
+}
+
+TEST_F(SdlInputTest, GivesThePadBack) {
+    input.open();
+    input.open();
     input.close();
-    EXPECT_EQ(maskOf({}, {}), 0);
+    EXPECT_FALSE(SDL_GetGamepadFromID(pad.id)) << "opened twice, closed once";
+    EXPECT_FALSE(input.pad);
+    input.close();
+    EXPECT_EQ(maskOf({SDL_SCANCODE_Z}, {SDL_GAMEPAD_BUTTON_EAST}), bit(0)) << "keys go on";
+    { SdlInput().open(); }
+    EXPECT_FALSE(SDL_GetGamepadFromID(pad.id)) << "by the end of an object";
+}
+
+TEST_F(SdlInputTest, APollPumpsNoEvents) {
+    input.open();
+    pad.hold({SDL_GAMEPAD_BUTTON_SOUTH});
+    input.poll();
+    EXPECT_EQ(input.state(0, RETRO_DEVICE_JOYPAD, 0, 0), 0);
+    SDL_PumpEvents();
+    EXPECT_EQ(input.state(0, RETRO_DEVICE_JOYPAD, 0, 0), 0) << "the snapshot of the last poll";
+    input.poll();
+    EXPECT_EQ(input.state(0, RETRO_DEVICE_JOYPAD, 0, 0), 1);
 }
 
 } // namespace

@@ -5,7 +5,6 @@
 #include <QMap>
 #include <QMetaMethod>
 #include <QMetaProperty>
-#include <QSet>
 
 #include <gtest/gtest.h>
 
@@ -45,7 +44,7 @@ TEST(ObjectSurfaceTest, DeclaresWhatPagesAreWrittenAgainst) {
 
 TEST(ObjectSurfaceTest, ListsTheSystemsOfTheRegistry) {
     InputBindings bindings;
-    QSet<QString> ids;
+    QStringList styles;
     QMap<qsizetype, int> systemsWithButtons;
     for (const QVariant& entry : bindings.systems()) {
         const QVariantMap row = entry.toMap();
@@ -53,17 +52,22 @@ TEST(ObjectSurfaceTest, ListsTheSystemsOfTheRegistry) {
         EXPECT_EQ(row.keys(), QStringList({"accent", "id", "label", "pad", "short"}));
         EXPECT_FALSE(row["label"].toString().isEmpty() || row["short"].toString().isEmpty());
         EXPECT_TRUE(row["accent"].toString().startsWith('#'));
-        ids += id;
         bindings.setSystemId(id);
         EXPECT_EQ(bindings.padStyle(), row["pad"].toString());
-        EXPECT_EQ(bindings.padStyle() == "snes", id == "snes") << "no style: " << id.toStdString();
+        styles += id == bindings.padStyle() ? id : id + '=' + bindings.padStyle();
         ++systemsWithButtons[bindings.buttons().size()];
     }
-    EXPECT_EQ(ids.size(), 31);
+    styles.sort();
+    EXPECT_EQ(styles.join(' '),
+              "atari2600=atari atari5200=atari atari7800=atari coleco=stick fds=nes gb gba gc "
+              "genesis gg intellivision=stick lynx n64 nds nes ngp odyssey2=stick pce pcecd=pce "
+              "pcfx=pce psp psx saturn=genesis sega32x=genesis segacd=genesis sg1000=sms sms snes "
+              "vb vectrex=stick wswan");
     EXPECT_EQ(systemsWithButtons, (QMap<qsizetype, int>{{8, 20}, {10, 4}, {12, 5}, {14, 2}}));
 }
 
 TEST(ObjectSurfaceTest, TheLastObjectIsTheInstance) {
+    EXPECT_EQ(settingskeys::org() + '/' + settingskeys::app(), "Velmora/Velmora");
     EXPECT_EQ(InputBindings::instance(), nullptr);
     auto first = std::make_unique<InputBindings>();
     auto second = std::make_unique<InputBindings>();
