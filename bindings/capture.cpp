@@ -47,10 +47,7 @@ QString InputBindings::listeningName() const {
 
 QString InputBindings::gamepadName() const { return gamepadName_; }
 
-void InputBindings::prepare() {
-    ensureSdl();
-    refreshGamepadName();
-}
+void InputBindings::prepare() { refreshGamepadName(); }
 
 void InputBindings::listen(int buttonId) {
     listening_ = true;
