@@ -19,6 +19,10 @@ std::filesystem::path batteryFile(const std::string& saveDir, const std::filesys
     return file;
 }
 
+bool isAbsence(const std::error_code& failure) {
+    return failure == std::errc::no_such_file_or_directory || failure == std::errc::not_a_directory;
+}
+
 // Fills the front of the memory with what the file holds.
 bool readInto(char* memory, std::size_t size, QFile& file) {
     const qint64 length =
@@ -48,7 +52,7 @@ bool LibretroHost::loadSram() {
     platform::File file(path, QIODevice::ReadOnly);
     if (!file.failure && readInto(memory, size, file))
         return true;
-    if (file.failure != std::errc::no_such_file_or_directory)
+    if (!isAbsence(file.failure))
         unreadSave = std::move(path);
     return false;
 }

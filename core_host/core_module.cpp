@@ -83,7 +83,7 @@ void LibretroHost::unload() {
     }
     if (module) {
         if (video)
-            video->forgetCore();
+            video->forgetCoreOf(this);
         platform::closeLibrary(module);
         module = nullptr;
     }

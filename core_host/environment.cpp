@@ -74,6 +74,7 @@ struct LibretroHost::EnvironmentCommands {
         const auto toInt = [](std::uint32_t size) {
             return static_cast<int>(std::min<std::uint32_t>(size, INT_MAX));
         };
+        host.video->hwOwner = &host;
         if (host.video->setupHardware(callback, toInt(host.width), toInt(host.height)))
             return true;
         return fail(host.lastError, {"OpenGL context failed: ", SDL_GetError()});

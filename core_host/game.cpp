@@ -61,7 +61,7 @@ bool LibretroHost::startGame(const std::filesystem::path& path) {
         game.data = romData.data();
         game.size = romData.size();
     }
-    if (!noThrowOr(false, [&] { return platform::enterCore(core.retro_load_game, &game); }))
+    if (!platform::coreAgrees(core.retro_load_game, &game))
         return fail(lastError, {"Core rejected ROM: ", utf8Path});
 
     try {

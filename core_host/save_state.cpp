@@ -9,7 +9,6 @@
 #include "core_host/size_limit.h"
 #include "platform/core_call.h"
 #include "platform/file.h"
-#include "support/no_throw.h"
 #include "velmora_foundation/paths.h"
 
 namespace velmora {
@@ -71,9 +70,7 @@ bool LibretroHost::takeState(std::vector<std::uint8_t>& state) {
     if (size > sizeLimit)
         throw std::bad_alloc();
     state.resize(size);
-    return noThrowOr(
-               false,
-               [&] { return platform::enterCore(core.retro_serialize, state.data(), size); }) ||
+    return platform::coreAgrees(core.retro_serialize, state.data(), size) ||
            fail(lastError, {"Core refused to serialize state."});
 }
 
@@ -89,7 +86,7 @@ bool LibretroHost::loadState(const std::filesystem::path& path) {
         const auto fileSize = static_cast<std::size_t>(state.size());
         const std::size_t coreSize =
             core.retro_serialize_size ? platform::enterCore(core.retro_serialize_size) : fileSize;
-        if (!offerInBothSizes(state.constData(), fileSize, coreSize)) {
+        if (!offerState(state.constData(), fileSize, coreSize)) {
             qWarning() << "Save state rejected" << name << "file" << fileSize << "core" << coreSize;
             return fail(lastError, {"Core refused to load this save state."});
         }
@@ -100,20 +97,16 @@ bool LibretroHost::loadState(const std::filesystem::path& path) {
 
 // A core that has grown or shrunk its state since the file was written may still take the old one
 // in its own size of today.
-bool LibretroHost::offerInBothSizes(const char* state, std::size_t fileSize, std::size_t coreSize) {
-    if (offerState(state, fileSize))
+bool LibretroHost::offerState(const char* state, std::size_t fileSize, std::size_t coreSize) {
+    if (platform::coreAgrees(core.retro_unserialize, state, fileSize))
         return true;
     if (coreSize > fileSize && coreSize <= sizeLimit) {
         std::vector<char> padded(coreSize);
         std::copy_n(state, fileSize, padded.begin());
-        return offerState(padded.data(), coreSize);
+        return platform::coreAgrees(core.retro_unserialize, padded.data(), coreSize);
     }
-    return coreSize != 0 && coreSize < fileSize && offerState(state, coreSize);
-}
-
-bool LibretroHost::offerState(const char* state, std::size_t size) {
-    return noThrowOr(false,
-                     [&] { return platform::enterCore(core.retro_unserialize, state, size); });
+    return coreSize != 0 && coreSize < fileSize &&
+           platform::coreAgrees(core.retro_unserialize, state, coreSize);
 }
 
 } // namespace velmora

@@ -21,7 +21,7 @@ void SdlVideo::blitRgba(int x, int y, int w, int h, const void* pixels) {
     gl.glBindTexture(GL_TEXTURE_2D, hudTexture);
     gl.glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
     gl.glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
-    moveTightRows(unpackNames, [&] {
+    moveTightRows(gl.glGetIntegerv, gl.glPixelStorei, unpackNames, [&] {
         gl.glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA8, w, h, 0, GL_RGBA, GL_UNSIGNED_BYTE, pixels);
     });
 

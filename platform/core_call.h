@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/dynamic_library.h"
+#include "support/no_throw.h"
 
 namespace velmora::platform {
 
@@ -14,6 +15,12 @@ auto enterCore(Entry entry, Arguments... arguments) {
         keepModuleOf(reinterpret_cast<void*>(entry));
         throw;
     }
+}
+
+// The same for an entry point that agrees or refuses: a throw is its refusal.
+template <class Entry, class... Arguments>
+bool coreAgrees(Entry entry, Arguments... arguments) {
+    return noThrowOr(false, [&] { return enterCore(entry, arguments...); });
 }
 
 } // namespace velmora::platform

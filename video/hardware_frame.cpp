@@ -96,7 +96,9 @@ void SdlVideo::runContextCallback(retro_hw_context_reset_t callback) {
 }
 
 // A core may ask for OpenGL as the last thing it does, and its module is closed next.
-void SdlVideo::forgetCore() {
+void SdlVideo::forgetCoreOf(const LibretroHost* host) {
+    if (hwOwner != host)
+        return;
     hwRender.context_reset = nullptr;
     hwRender.context_destroy = nullptr;
 }

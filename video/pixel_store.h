@@ -16,18 +16,18 @@ inline constexpr std::array packNames = {GL_PACK_ALIGNMENT, GL_PACK_ROW_LENGTH, 
 // Moves pixels with rows that follow each other without a gap. What a core left would have GL read
 // or write beyond our memory, so it is put aside; the core may count on it and gets it back.
 template <class Transfer>
-void SdlVideo::moveTightRows(const std::array<int, 4>& names, Transfer&& transfer) {
-    if (!gl.glPixelStorei || !gl.glGetIntegerv)
-        return transfer();
-    std::array<int, 4> left = {};
-    for (std::size_t i = 0; i < names.size(); ++i) {
+void moveTightRows(decltype(&::glGetIntegerv) get, decltype(&::glPixelStorei) set,
+                   const std::array<int, 4>& names, Transfer&& transfer) {
+    std::array<int, 4> left = {4, 0, 0, 0};
+    for (std::size_t i = 0; set && i < names.size(); ++i) {
         const auto name = static_cast<GLenum>(names[i]);
-        gl.glGetIntegerv(name, &left[i]);
-        gl.glPixelStorei(name, i == 0 ? 1 : 0);
+        if (get)
+            get(name, &left[i]);
+        set(name, i == 0 ? 1 : 0);
     }
     transfer();
-    for (std::size_t i = 0; i < names.size(); ++i)
-        gl.glPixelStorei(static_cast<GLenum>(names[i]), left[i]);
+    for (std::size_t i = 0; set && i < names.size(); ++i)
+        set(static_cast<GLenum>(names[i]), left[i]);
 }
 
 } // namespace velmora

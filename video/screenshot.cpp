@@ -74,7 +74,7 @@ bool SdlVideo::captureHardware(const std::string& path) {
 
     if (fbo != 0)
         gl.glBindFramebuffer(GL_READ_FRAMEBUFFER, fbo);
-    moveTightRows(packNames, [&] {
+    moveTightRows(gl.glGetIntegerv, gl.glPixelStorei, packNames, [&] {
         gl.glReadPixels(0, 0, width, height, GL_RGBA, GL_UNSIGNED_BYTE, pixels.get());
     });
     if (fbo != 0)

@@ -136,9 +136,9 @@ public:
     // Starts a capture for the button, or moves a running one to it: the next press on the current
     // device is stored. Escape ends it without a result; there is no time-out. A key is known by
     // what it types, taken for the place where that stands on a US keyboard: letters, digits,
-    // F1 to F12, arrows, Return, Backspace, Tab, Space, - = [ ] \\ ; ' , . / and the modifiers,
-    // which count as left ones; the keypad counts as the main rows. Any other key is swallowed and
-    // the capture goes on.
+    // F1 to F12, arrows, Return, Backspace, Tab, Space, - = [ ] \ ; ' , . / and Ctrl, Shift and
+    // Alt, which count as the left ones; the keypad counts as the main rows. Any other key is
+    // swallowed and the capture goes on.
     Q_INVOKABLE void listen(int buttonId);
     // Ends a capture without a result; without one, nothing.
     Q_INVOKABLE void cancelListen();

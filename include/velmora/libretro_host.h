@@ -34,11 +34,12 @@ class SdlVideo;
 // such a place, since what the host and the core log is logged with the lock held.
 //
 // No operation throws. An operation that returns false leaves its reason in `lastError`. What a
-// core throws ends there: a frame, a reset or a step of `unload` counts as done; from
-// retro_load_game, retro_serialize or retro_unserialize it is the refusal of that entry point; from
-// any other it fails the operation with "Unexpected failure: " and the exception's text. The module
-// of a core that threw stays mapped until the process ends, as threads of its own may still run in
-// it.
+// core throws ends there: a frame, a reset, a step of `unload` or of `persistSram` counts as done;
+// from retro_load_game, retro_serialize or retro_unserialize it is the refusal of that entry point;
+// from any other it fails the operation with "Unexpected failure", and the exception's text where
+// there is one, or with "Out of memory". The module of a core that threw stays mapped until the
+// process ends, as threads of its own may still run in it; loaded again, it is found as it was
+// left.
 //
 // Files: a directory or a pipe in a file's place counts as one that cannot be opened; a pipe is
 // never waited for.
@@ -91,7 +92,7 @@ public:
     // Writes the running game's battery memory to `<save directory>/<game stem>.srm`: the raw
     // bytes, no header, the whole file each time. Silent: a save that cannot be written is not
     // reported. A save that was there when the game started and could not be read is not written
-    // over, nor is one written from a size that no memory has.
+    // over until the next `loadGame`, nor is one written from a size that no memory has.
     void persistSram();
 
     // Sets the directory in which cores look for their system files and the one in which battery
@@ -156,8 +157,7 @@ private:
     std::pair<char*, std::size_t> batteryMemory() const;
     bool loadSram();
     bool takeState(std::vector<std::uint8_t>& state);
-    bool offerInBothSizes(const char* state, std::size_t fileSize, std::size_t coreSize);
-    bool offerState(const char* state, std::size_t size);
+    bool offerState(const char* state, std::size_t fileSize, std::size_t coreSize);
 
     // The instance that serves the core's callbacks.
     static LibretroHost* active;
@@ -196,7 +196,7 @@ private:
 
 public:
     // The outputs, not owned, each may be null: what is meant for a missing one is dropped. Written
-    // by the frontend before `loadCore`; they must outlive `unload`.
+    // by the frontend before `loadCore`; they must outlive `unload`, which calls `video`.
     SdlVideo* video = nullptr;
     SdlAudio* audio = nullptr;
     SdlInput* input = nullptr;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -17,6 +16,7 @@ struct SDL_GLContextState;
 
 namespace velmora {
 
+class LibretroHost;
 struct HudElement;
 
 // The one window of a play session and all that puts pictures into it.
@@ -177,10 +177,8 @@ private:
     bool createFbo(unsigned int width, unsigned int height);
     void attachDepthStencil();
     void destroyFbo();
-    template <class Transfer>
-    void moveTightRows(const std::array<int, 4>& names, Transfer&& transfer);
     void runContextCallback(retro_hw_context_reset_t callback);
-    void forgetCore();
+    void forgetCoreOf(const LibretroHost* host);
     bool loadGlFunctions();
     bool makeCurrent() const;
     void renderHud();
@@ -243,6 +241,8 @@ private:
     void* loadMenu = nullptr;
     unsigned int hudTexture = 0;
     unsigned int hudFbo = 0;
+    // Whose core `hwRender` came from.
+    const LibretroHost* hwOwner = nullptr;
     // The core's context_reset or context_destroy runs.
     bool inContextCallback = false;
 };

@@ -7,10 +7,13 @@
 namespace velmora::platform {
 
 void* openLibrary(const std::filesystem::path& path) {
-    // dlopen looks a name without a slash up in the loader's directories.
-    const auto exact = path.has_parent_path() ? path : "." / path;
-    // A pipe of that name would keep dlopen waiting for its other end.
-    if (File(exact, QIODevice::ReadOnly).failure)
+    // dlopen looks a name without a slash up in the loader's directories, and takes a name that it
+    // has seen for the module it got then, whatever the current directory is now.
+    std::error_code error;
+    const auto exact = std::filesystem::absolute(path, error);
+    // A pipe or a terminal of that name would keep dlopen waiting.
+    const File file(exact, QIODevice::ReadOnly);
+    if (error || file.failure || file.isSequential())
         return nullptr;
     return dlopen(exact.c_str(), RTLD_NOW | RTLD_LOCAL);
 }

@@ -9,10 +9,23 @@
 namespace velmora::platform {
 namespace {
 
-// Without O_NONBLOCK a pipe would be waited for until its other end is opened.
-constexpr int always = O_NONBLOCK | O_CLOEXEC;
-constexpr int toRead = always | O_RDONLY;
-constexpr int toWrite = always | O_WRONLY | O_CREAT | O_TRUNC;
+constexpr int toRead = O_CLOEXEC | O_RDONLY;
+constexpr int toWrite = O_CLOEXEC | O_WRONLY | O_CREAT | O_TRUNC;
+
+int openUninterrupted(const char* path, int flags) {
+    int descriptor = -1;
+    do
+        descriptor = ::open(path, flags, 0666);
+    while (descriptor < 0 && errno == EINTR);
+    return descriptor;
+}
+
+// Without O_NONBLOCK a pipe would be waited for until its other end is opened. With it a file that
+// another machine has on lease is refused, which is given back soon.
+int openDescriptor(const char* path, int flags) {
+    const int descriptor = openUninterrupted(path, flags | O_NONBLOCK);
+    return descriptor < 0 && errno == EWOULDBLOCK ? openUninterrupted(path, flags) : descriptor;
+}
 
 // What stands against moving bytes to or from what was opened, 0 for nothing.
 int obstacle(int descriptor) {
@@ -32,7 +45,7 @@ File::Descriptor::~Descriptor() {
 }
 
 File::File(const std::filesystem::path& path, QIODevice::OpenModeFlag mode)
-    : descriptor{::open(path.c_str(), mode == QIODevice::ReadOnly ? toRead : toWrite, 0666)} {
+    : descriptor{openDescriptor(path.c_str(), mode == QIODevice::ReadOnly ? toRead : toWrite)} {
     const int reason = descriptor.value < 0 ? errno : obstacle(descriptor.value);
     if (reason == 0)
         open(descriptor.value, mode | QIODevice::Unbuffered);

@@ -23,6 +23,13 @@ bool isStream(int descriptor) {
     return type == FILE_TYPE_PIPE || type == FILE_TYPE_CHAR;
 }
 
+// A share out of reach is no file that is missing.
+int openFailure() {
+    const unsigned long reason = _doserrno;
+    const bool missing = reason == ERROR_FILE_NOT_FOUND || reason == ERROR_PATH_NOT_FOUND;
+    return errno == ENOENT && !missing ? EIO : errno;
+}
+
 } // namespace
 
 File::Descriptor::~Descriptor() {
@@ -33,7 +40,9 @@ File::Descriptor::~Descriptor() {
 File::File(const std::filesystem::path& path, QIODevice::OpenModeFlag mode)
     : descriptor{_wopen(fullPath(path).c_str(), mode == QIODevice::ReadOnly ? toRead : toWrite,
                         _S_IREAD | _S_IWRITE)} {
-    const int reason = descriptor.value < 0 ? errno : isStream(descriptor.value) ? ESPIPE : 0;
+    const int reason = descriptor.value < 0         ? openFailure()
+                       : isStream(descriptor.value) ? ESPIPE
+                                                    : 0;
     if (reason == 0)
         open(descriptor.value, mode | QIODevice::Unbuffered);
     failure.assign(reason, std::generic_category());

@@ -11,7 +11,7 @@ game=$VELMORA_GAMES/steer.nes
 quick_state=$scratch/saves/steer.quick.state
 bar_is() { [ "$(highlight | cut -d ' ' -f 3)" = "$1" ]; }
 screenshot_exists() { compgen -G "$scratch/saves/steer 20*.bmp" >/dev/null; }
-move_away() { hold_until Right square_right_of $(($(square_x) + 30)) || fail "Right does not move the square"; }
+move_away() { hold_until Right square_away_from "$(resting_x)" || fail "Right does not move the square"; }
 
 # As another program of the application would, while the game runs.
 rebind() { # SYSTEM CONTROL BINDING
@@ -70,7 +70,7 @@ rm "$quick_state"
 rebind special 102 key:10
 rebind nes 7 key:13
 hold_until g test -s "$quick_state" || fail "the new key for saving does nothing"
-hold_until j square_right_of $(($(square_x) + 30)) || fail "the new key for moving does nothing"
+hold_until j square_away_from "$(resting_x)" || fail "the new key for moving does nothing"
 
 end_player
 wait_for_end

@@ -174,17 +174,25 @@ menu_is_closed() { [ -z "$(highlight)" ]; }
 
 square_x() { local box && box=$(square) && echo "${box%% *}"; }
 
-resting_x() { # the square's place once it has stopped
-    local before now
-    now=$(square_x)
-    until [ "$now" = "${before:-}" ]; do
-        sleep 0.2
-        before=$now
+# The square's place once it has stopped. A busy machine shows the same picture for a while, and
+# has not seen yet that the key is up.
+resting_x() {
+    local now before='' same=0
+    while [ $same -lt 3 ]; do
         now=$(square_x)
+        [ "$now" = "$before" ] && same=$((same + 1)) || same=0
+        before=$now
+        sleep 0.3
     done
     echo "$now"
 }
 
+# Either way: beyond the right edge the square comes in at the left, and on a busy machine a key is
+# down for as long as it takes to look.
+square_away_from() { # X
+    local x
+    x=$(square_x) && [ $((x > $1 ? x - $1 : $1 - x)) -gt 30 ]
+}
 square_right_of() { [ "$(square_x)" -gt "$1" ] 2>/dev/null; }
 square_is_at() { [ "$(square_x)" = "$1" ]; }
 
