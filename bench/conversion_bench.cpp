@@ -45,12 +45,15 @@ void measureFormat(const RatioTable& table, const std::string& format, RowLoop l
 
 void measureConversion(const RatioTable& table) {
     std::memset(&frames, 0x5a, sizeof frames);
-    const auto measureSize = [&](std::size_t width, std::size_t height, double bound) {
+    const auto measureSize = [&](std::size_t width, std::size_t height) {
+        // Four fifths of memcpy's speed. Where a processor copies 64 bytes at a time from cache to
+        // cache, a small picture cannot keep up with it in steps of 16.
+        constexpr double bound = 1 / 0.8;
         measureFormat(table, "RGB565", convertRowRgb565, width, height, bound);
         measureFormat(table, "0RGB1555", convertRow0rgb1555, width, height, bound);
     };
-    measureSize(256, 224, 1 / 0.9);
-    measureSize(640, 480, 1 / 0.55);
+    measureSize(256, 224);
+    measureSize(640, 480);
 }
 
 } // namespace velmora::bench
