@@ -2,7 +2,7 @@
 
 #include <SDL3/SDL_loadso.h>
 
-#include "support/scratch_directory.h"
+#include <stdexcept>
 
 namespace velmora::bench {
 namespace {
@@ -40,13 +40,10 @@ Function BareCore::bind(Function, const char* name) const {
 BareCore::BareCore(const std::filesystem::path& path, const std::filesystem::path& scratch,
                    const std::filesystem::path& game) {
     const std::filesystem::path copy = scratch / ("bare_" + path.filename().string());
-    std::error_code failure;
-    std::filesystem::copy_file(path, copy, std::filesystem::copy_options::overwrite_existing,
-                               failure);
-    if (failure)
-        return;
+    std::filesystem::copy_file(path, copy);
     module = SDL_LoadObject(copy.string().c_str());
-    started = module != nullptr && start(game);
+    if (!module || !start(game))
+        throw std::runtime_error("no bare core from " + path.string());
 }
 
 bool BareCore::start(const std::filesystem::path& game) {
@@ -69,12 +66,22 @@ bool BareCore::start(const std::filesystem::path& game) {
 }
 
 BareCore::~BareCore() {
-    if (module == nullptr)
-        return;
-    if (started)
-        VELMORA_BIND(retro_unload_game)();
+    VELMORA_BIND(retro_unload_game)();
     VELMORA_BIND(retro_deinit)();
     SDL_UnloadObject(module);
+}
+
+void start(LibretroHost& host, const std::filesystem::path& core,
+           const std::filesystem::path& game) {
+    if (!host.loadCore(core) || !host.loadGame(game))
+        throw std::runtime_error(host.lastError);
+}
+
+std::filesystem::path workloadFile(const test::ScratchDirectory& directory,
+                                   const std::string& text) {
+    const std::filesystem::path path = directory / "workload.bench";
+    test::writeFile(path, text);
+    return path;
 }
 
 } // namespace velmora::bench

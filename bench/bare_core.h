@@ -2,9 +2,11 @@
 
 #include <filesystem>
 #include <string>
-#include <vector>
 
 #include <velmora/libretro.h>
+#include <velmora/libretro_host.h>
+
+#include "support/scratch_directory.h"
 
 struct SDL_SharedObject;
 
@@ -14,13 +16,13 @@ namespace velmora::bench {
 // module, so that its statics are apart from those of the same core in a LibretroHost.
 class BareCore {
 public:
+    // Throws std::runtime_error where the core does not start.
     BareCore(const std::filesystem::path& module, const std::filesystem::path& scratch,
              const std::filesystem::path& game);
     ~BareCore();
     BareCore(const BareCore&) = delete;
     BareCore& operator=(const BareCore&) = delete;
 
-    bool running() const { return started; }
     void run() const { entryRun(); }
     std::size_t stateSize() const { return entryStateSize(); }
     bool serialize(void* data, std::size_t size) const { return entrySerialize(data, size); }
@@ -34,12 +36,19 @@ private:
     bool start(const std::filesystem::path& game);
 
     SDL_SharedObject* module = nullptr;
-    bool started = false;
     std::string bytes;
     decltype(&::retro_run) entryRun = nullptr;
     decltype(&::retro_serialize_size) entryStateSize = nullptr;
     decltype(&::retro_serialize) entrySerialize = nullptr;
     decltype(&::retro_unserialize) entryUnserialize = nullptr;
 };
+
+// Plays the game in the host; throws std::runtime_error with the host's reason where it does not.
+void start(LibretroHost& host, const std::filesystem::path& core,
+           const std::filesystem::path& game);
+
+// A file for the bench core, saying what it does in a frame.
+std::filesystem::path workloadFile(const test::ScratchDirectory& directory,
+                                   const std::string& text);
 
 } // namespace velmora::bench

@@ -1,109 +1,127 @@
 #include "ratio_table.h"
 
-#include <benchmark/benchmark.h>
-
 #include <algorithm>
+#include <array>
+#include <cmath>
 #include <cstdio>
-#include <map>
-#include <vector>
+#include <ctime>
+#include <utility>
 
 namespace velmora::bench {
 namespace {
 
-std::vector<Ratio>& table() {
-    static std::vector<Ratio> rows;
-    return rows;
+constexpr std::size_t rounds = 24;
+
+double cpuSeconds(Clock clock) {
+    std::timespec now = {};
+    clock_gettime(clock == Clock::Process ? CLOCK_PROCESS_CPUTIME_ID : CLOCK_THREAD_CPUTIME_ID,
+                  &now);
+    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
 }
 
-// Why a benchmark stopped early, empty when it did not; the members' names depend on the version of
-// Google Benchmark.
-template <class Run>
-std::string errorOf(const Run& run) {
-    if constexpr (requires { run.error_occurred; })
-        return run.error_occurred ? run.error_message : std::string();
-    else
-        return run.skipped ? run.skip_message : std::string();
+// What other threads have used is known to a tick of the kernel.
+double shortestTurn(Clock clock) { return clock == Clock::Process ? 0.1 : 0.02; }
+
+// The first step comes before the clock starts: it pays for whatever the other side left in caches
+// and drivers.
+double turn(const Side& side, Clock clock, long steps) {
+    side.enter();
+    side.step();
+    const double start = cpuSeconds(clock);
+    for (long i = 0; i < steps; ++i)
+        side.step();
+    return cpuSeconds(clock) - start;
 }
 
-// Keeps the shortest of a benchmark's repetitions: what disturbs a run only ever makes it longer.
-class ShortestTimes : public benchmark::ConsoleReporter {
-public:
-    void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& run : runs) {
-            if (const std::string error = errorOf(run); !error.empty())
-                std::fprintf(stderr, "%s: %s\n", nameOf(run).c_str(), error.c_str());
-            else if (run.run_type == Run::RT_Iteration)
-                keep(run);
-        }
-    }
+// As many steps as make a turn; finding out warms everything up.
+long stepsOfTurn(const Side& side, Clock clock) {
+    long steps = 1;
+    while (turn(side, clock, steps) < shortestTurn(clock))
+        steps *= 2;
+    return steps;
+}
 
-    bool has(const Ratio& row) const {
-        return nanoseconds.contains(row.measured) && nanoseconds.contains(row.against);
-    }
+// The seconds of a step of each side, the measured one first.
+using Round = std::array<double, 2>;
+using Rounds = std::array<Round, rounds>;
 
-    double valueOf(const Ratio& row) const {
-        const double measured = nanoseconds.at(row.measured);
-        const double against = nanoseconds.at(row.against);
-        switch (row.aim) {
-        case Aim::SpeedAtLeast:
-            return against / measured;
-        case Aim::CostAtMost:
-            return measured / against;
-        case Aim::NanosecondsEach:
-            break;
-        }
-        return (measured - against) / row.value;
+// Who begins changes from round to round.
+Rounds play(const Side& measured, const Side& against, Clock clock) {
+    const std::array sides = {&measured, &against};
+    const std::array steps = {stepsOfTurn(measured, clock), stepsOfTurn(against, clock)};
+    Rounds played = {};
+    for (std::size_t turns = 0; turns < 2 * rounds; ++turns) {
+        const std::size_t round = turns / 2;
+        const std::size_t side = (turns + round) % 2;
+        played[round][side] =
+            turn(*sides[side], clock, steps[side]) / static_cast<double>(steps[side]);
     }
+    return played;
+}
 
-    void printTimes() const {
-        for (const auto& [name, time] : nanoseconds)
-            std::printf("%-48s %14.1f ns\n", name.c_str(), time);
-    }
-
-private:
-    static std::string nameOf(const Run& run) {
-        const std::string& arguments = run.run_name.args;
-        return run.run_name.function_name + (arguments.empty() ? "" : "/") + arguments;
-    }
-
-    void keep(const Run& run) {
-        const double time = run.real_accumulated_time / static_cast<double>(run.iterations) * 1e9;
-        const auto [place, fresh] = nanoseconds.try_emplace(nameOf(run), time);
-        if (!fresh)
-            place->second = std::min(place->second, time);
-    }
-
-    std::map<std::string, double> nanoseconds;
+struct Quartiles {
+    double first;
+    double median;
+    double third;
 };
 
-void printRow(const Ratio& row, double value) {
-    if (row.aim == Aim::NanosecondsEach) {
-        std::printf("%-62s %9.1f ns\n", row.label.c_str(), value);
-        return;
-    }
-    const bool met = row.aim == Aim::SpeedAtLeast ? value >= row.value : value <= row.value;
-    std::printf("%-62s %9.3f  %s %.2f%s\n", row.label.c_str(), value,
-                row.aim == Aim::SpeedAtLeast ? "at least" : "at most ", row.value,
-                met ? "" : "  MISSED");
+template <class Value>
+Quartiles quartilesOf(const Rounds& played, Value value) {
+    std::array<double, rounds> values = {};
+    std::transform(played.begin(), played.end(), values.begin(), value);
+    std::sort(values.begin(), values.end());
+    return {values[rounds / 4], values[rounds / 2], values[rounds * 3 / 4]};
+}
+
+std::string ratioText(double ratio) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.2f", ratio);
+    return text;
+}
+
+std::string timeText(double seconds) {
+    const bool tiny = std::abs(seconds) < 1e-6;
+    char text[32];
+    std::snprintf(text, sizeof text, "%.1f %s", seconds * (tiny ? 1e9 : 1e6), tiny ? "ns" : "µs");
+    return text;
+}
+
+void print(const Row& row, const std::string& value, const Quartiles& quartiles,
+           std::string (*text)(double), const std::string& rest) {
+    std::printf("| %s | %s | %s | %s to %s | %s\n", row.what.c_str(), row.against.c_str(),
+                value.c_str(), text(quartiles.first).c_str(), text(quartiles.third).c_str(),
+                rest.c_str());
+    std::fflush(stdout);
 }
 
 } // namespace
 
-void addRatio(Ratio ratio) { table().push_back(std::move(ratio)); }
+RatioTable::RatioTable(std::string word) : filter(std::move(word)) {
+    std::printf("| What | Against | CPU time | Quartiles | One takes |\n|---|---|---|---|---|\n");
+}
 
-int runAndReport(int argc, char** argv) {
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 2;
-    ShortestTimes times;
-    benchmark::RunSpecifiedBenchmarks(&times);
-    times.printTimes();
-    std::printf("\n");
-    for (const Ratio& row : table()) {
-        if (times.has(row))
-            printRow(row, times.valueOf(row));
-    }
-    return 0;
+bool RatioTable::wants(const Row& row) const {
+    return (row.what + " " + row.against).find(filter) != std::string::npos;
+}
+
+void RatioTable::ratio(const Row& row, const Side& measured, const Side& against) const {
+    if (!wants(row))
+        return;
+    const Rounds played = play(measured, against, row.clock);
+    const auto ratio = quartilesOf(played, [](const Round& r) { return r[0] / r[1]; });
+    const auto one = quartilesOf(played, [](const Round& r) { return r[0]; });
+    const bool over = row.bound != 0 && ratio.median > row.bound;
+    print(row, ratioText(ratio.median), ratio, ratioText,
+          timeText(one.median) + " |" + (over ? " over " + ratioText(row.bound) : ""));
+}
+
+void RatioTable::surplus(const Row& row, int count, const Side& measured,
+                         const Side& against) const {
+    if (!wants(row))
+        return;
+    const auto each = quartilesOf(play(measured, against, row.clock),
+                                  [count](const Round& r) { return (r[0] - r[1]) / count; });
+    print(row, timeText(each.median) + " more", each, timeText, "|");
 }
 
 } // namespace velmora::bench

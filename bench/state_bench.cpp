@@ -1,81 +1,68 @@
 // A state's way to disk and back against the core's own copying plus a plain write or read.
-#include <QFile>
+#include <cstdlib>
+#include <fstream>
+#include <memory>
 
-#include <benchmark/benchmark.h>
-
-#include <vector>
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 #include "bare_core.h"
 #include "ratio_table.h"
-#include "session.h"
 
 namespace velmora::bench {
 namespace {
 
-std::string workloadOf(const benchmark::State& state) {
-    return "bytes=" + std::to_string(state.range(0));
+using Bytes = std::unique_ptr<char[]>;
+
+Bytes allocate(std::size_t size) { return std::make_unique_for_overwrite<char[]>(size); }
+
+void bareSave(const BareCore& core, const std::filesystem::path& path) {
+    const std::size_t size = core.stateSize();
+    const Bytes bytes = allocate(size);
+    core.serialize(bytes.get(), size);
+    std::filebuf file;
+    file.open(path, std::ios::out | std::ios::trunc | std::ios::binary);
+    file.sputn(bytes.get(), static_cast<std::streamsize>(size));
 }
 
-template <class Transfer>
-void hostState(benchmark::State& state, Transfer transfer) {
+void bareLoad(const BareCore& core, const std::filesystem::path& path) {
+    std::filebuf file;
+    file.open(path, std::ios::in | std::ios::binary);
+    const auto size = static_cast<std::size_t>(std::filesystem::file_size(path));
+    const Bytes bytes = allocate(size);
+    file.sgetn(bytes.get(), static_cast<std::streamsize>(size));
+    core.unserialize(bytes.get(), size);
+}
+
+void measureSize(const RatioTable& table, const std::string& size, std::size_t bytes) {
     const test::ScratchDirectory scratch;
-    const std::filesystem::path file = scratch / "game.state";
+    const auto game = workloadFile(scratch, "bytes=" + std::to_string(bytes));
     LibretroHost host;
-    if (!host.loadCore(VELMORA_BENCH_CORE) ||
-        !host.loadGame(workloadFile(scratch, workloadOf(state))) || !host.saveState(file)) {
-        state.SkipWithError(host.lastError.c_str());
-        return;
-    }
-    for (auto _ : state)
-        benchmark::DoNotOptimize(transfer(host, file));
+    start(host, VELMORA_BENCH_CORE, game);
+    const BareCore core(VELMORA_BENCH_CORE, scratch.path(), game);
+    const auto file = scratch / "host.state";
+    const auto bareFile = scratch / "bare.state";
+    table.ratio(
+        {"saving a state of " + size, "the core's copy and a bare write", Clock::Thread, 1.1},
+        {[&] { host.saveState(file); }}, {[&] { bareSave(core, bareFile); }});
+    host.saveState(file);
+    bareSave(core, bareFile);
+    table.ratio(
+        {"loading a state of " + size, "a bare read and the core's copy", Clock::Thread, 1.1},
+        {[&] { host.loadState(file); }}, {[&] { bareLoad(core, bareFile); }});
 }
-
-template <class Transfer>
-void bareState(benchmark::State& state, Transfer transfer) {
-    const test::ScratchDirectory scratch;
-    const BareCore core(VELMORA_BENCH_CORE, scratch.path(),
-                        workloadFile(scratch, workloadOf(state)));
-    QFile file(QString::fromStdString((scratch / "bare.state").string()));
-    for (auto _ : state)
-        transfer(core, file);
-}
-
-void bareSave(const BareCore& core, QFile& file) {
-    std::vector<std::uint8_t> bytes(core.stateSize());
-    core.serialize(bytes.data(), bytes.size());
-    file.open(QIODevice::WriteOnly | QIODevice::Truncate);
-    file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<qint64>(bytes.size()));
-    file.close();
-}
-
-void bareLoad(const BareCore& core, QFile& file) {
-    if (!file.exists())
-        bareSave(core, file);
-    file.open(QIODevice::ReadOnly);
-    const QByteArray bytes = file.readAll();
-    file.close();
-    core.unserialize(bytes.constData(), static_cast<std::size_t>(bytes.size()));
-}
-
-void registerSize(long size) {
-    const auto save = [](LibretroHost& host, const auto& file) { return host.saveState(file); };
-    const auto load = [](LibretroHost& host, const auto& file) { return host.loadState(file); };
-    const std::string bytes = std::to_string(size);
-    benchmark::RegisterBenchmark("save_state", hostState<decltype(save)>, save)->Arg(size);
-    benchmark::RegisterBenchmark("load_state", hostState<decltype(load)>, load)->Arg(size);
-    benchmark::RegisterBenchmark("bare_save", bareState<decltype(&bareSave)>, &bareSave)->Arg(size);
-    benchmark::RegisterBenchmark("bare_load", bareState<decltype(&bareLoad)>, &bareLoad)->Arg(size);
-    addRatio({"saveState against a bare write, " + bytes + " bytes", "save_state/" + bytes,
-              "bare_save/" + bytes, Aim::CostAtMost, 1.1});
-    addRatio({"loadState against a bare read, " + bytes + " bytes", "load_state/" + bytes,
-              "bare_load/" + bytes, Aim::CostAtMost, 1.1});
-}
-
-[[maybe_unused]] const bool registered = [] {
-    registerSize(32 * 1024);
-    registerSize(16 * 1024 * 1024);
-    return true;
-}();
 
 } // namespace
+
+void measureStates(const RatioTable& table) {
+#ifdef __GLIBC__
+    // Left to itself glibc sooner or later keeps the memory of a large state for the next one, and
+    // that side of a ratio alone pays for no fresh pages. As in a game, each state gets fresh ones.
+    mallopt(M_MMAP_THRESHOLD, 128 * 1024);
+#endif
+    measureSize(table, "32 KiB", 32 * 1024);
+    measureSize(table, "16 MiB", 16 * 1024 * 1024);
+}
+
 } // namespace velmora::bench
