@@ -270,11 +270,6 @@ TEST_F(HardwareFrameTest, OfFramesThatCannotBeWhatIsAllocatedIsShown) {
         video.upload(RETRO_HW_FRAME_BUFFER_VALID, width, height, 0);
     video.present();
     expectCorners(shownByGl(), {80, 0, 480, 480}); // the last one that could be
-
-    fill(0, 0, 1, 1, 1, 0, 1);
-    video.upload(RETRO_HW_FRAME_BUFFER_VALID, 1, 1, 0);
-    video.present();
-    EXPECT_EQ(shownByGl().at(559, 0), 0xff00ffU);
 }
 
 TEST_F(HardwareFrameTest, WhatACoreLeavesInThePixelStoreMovesNoRowsAndStays) {
