@@ -1,5 +1,6 @@
 #include <climits>
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <tuple>
 
@@ -19,8 +20,7 @@ protected:
     void SetUp() override { open(640, 480, GetParam()); }
 
     // The window must show what `draw` draws, by SDL alone and from numbers of the test's own.
-    template <class Draw>
-    void expectShown(Draw&& draw) {
+    void expectShown(const std::function<void()>& draw) {
         size = windowSize();
         const Picture expected = hardware ? drawnBySoftware(draw) : drawnByTheWindow(draw);
         const Picture shown = present();
@@ -28,11 +28,6 @@ protected:
             for (at.x = 0; at.x < size.x; ++at.x)
                 ASSERT_EQ(shown.at(at.x, at.y), expected.at(at.x, at.y)) << at;
         }
-    }
-
-    void dim() {
-        if (!hardware)
-            paint({0, 0, size.x, size.y}, {0, 0, 0, 120});
     }
 
     void message() {
@@ -70,8 +65,7 @@ protected:
     PlayHud& hud = video.hud;
 
 private:
-    template <class Draw>
-    Picture drawnBySoftware(Draw&& draw) {
+    Picture drawnBySoftware(const std::function<void()>& draw) {
         SDL_Surface* surface = SDL_CreateSurface(size.x, size.y, SDL_PIXELFORMAT_RGBA32);
         renderer = SDL_CreateSoftwareRenderer(surface);
         drawOverGame(draw);
@@ -81,8 +75,7 @@ private:
     }
 
     // Blending rounds a little differently from renderer to renderer, so the same one does it.
-    template <class Draw>
-    Picture drawnByTheWindow(Draw&& draw) {
+    Picture drawnByTheWindow(const std::function<void()>& draw) {
         renderer = SDL_GetRenderer(window());
         SDL_Texture* target = SDL_CreateTexture(renderer, SDL_PIXELFORMAT_XRGB8888,
                                                 SDL_TEXTUREACCESS_TARGET, size.x, size.y);
@@ -94,8 +87,7 @@ private:
         return picture;
     }
 
-    template <class Draw>
-    void drawOverGame(Draw&& draw) {
+    void drawOverGame(const std::function<void()>& draw) {
         SDL_SetRenderDrawBlendMode(renderer, SDL_BLENDMODE_BLEND);
         paint({0, 0, size.x, size.y}, game);
         draw();
@@ -104,7 +96,8 @@ private:
 
     void panelWith(const char* title) {
         panel = {(size.x - 360) / 2, (size.y - 272) / 2, 360, 272};
-        dim();
+        if (!hardware)
+            paint({0, 0, size.x, size.y}, {0, 0, 0, 120});
         element(panel, {32, 32, 36, 255});
         write(panel.x + 20, panel.y + 18, title);
     }
