@@ -219,7 +219,9 @@ TEST_P(HudPicture, LeavesOutWhatMemoryDoesNotSufficeFor) {
     EXPECT_NO_THROW(video.refreshNativeMenu());
     memory::refusedSize = std::numeric_limits<std::size_t>::max();
     const Picture without = hardware ? shownByGl() : screenshot();
-    EXPECT_EQ(without.at(320, 130), without.at(5, 130)) << "not even an empty panel";
+    if (memory::failed) { // a DLL has an operator new of its own
+        EXPECT_EQ(without.at(320, 130), without.at(5, 130)) << "not even an empty panel";
+    }
     expectShown([&] { picker("SAVE STATE"); });
 }
 

@@ -181,6 +181,7 @@ TEST_F(HardwareFrameTest, AResizeGivesTheOldBuffersBack) {
     EXPECT_EQ(objects(), 3);
     video.resizeHardwareBuffers(800, 600);
     EXPECT_EQ(objects(), 3);
+    EXPECT_FALSE(video.hud.showMessage) << "the overlay is the frontend's alone";
 }
 
 TEST_F(HardwareFrameTest, DepthAndStencilComeAsAskedAlsoAfterAResize) {

@@ -236,9 +236,9 @@ TEST_F(SdlCalls, DoWithoutAFunctionOfGlThatADriverLacks) {
     video.hud.menuOpen = true;
     const std::string file = (directory / "picture.bmp").string();
     for (const std::string name :
-         {"glGenFramebuffers", "glBindFramebuffer", "glGenTextures", "glTexImage2D",
-          "glBlitFramebuffer", "glDeleteFramebuffers", "glDeleteTextures", "glReadPixels",
-          "glPixelStorei", "glGetIntegerv", "glClear", "glClearColor"}) {
+         {"glDeleteFramebuffers", "glDeleteTextures", "glReadPixels", "glPixelStorei",
+          "glGetIntegerv", "glClear", "glClearColor", "glGenFramebuffers", "glBindFramebuffer",
+          "glGenTextures", "glTexImage2D", "glBlitFramebuffer"}) {
         SCOPED_TRACE(name);
         refused = {name};
         ASSERT_TRUE(setUp(0, 0));
