@@ -46,6 +46,7 @@ auto pass(const char* name, Arguments... arguments) {
 WATCHED(SDL_Renderer*, SDL_CreateRenderer, (SDL_Window * w, const char* name), w, name)
 WATCHED(bool, SDL_SetRenderVSync, (SDL_Renderer * r, int vsync), r, vsync)
 WATCHED(bool, SDL_RenderPresent, (SDL_Renderer * r), r)
+WATCHED(bool, SDL_SetRenderDrawBlendMode, (SDL_Renderer * r, SDL_BlendMode mode), r, mode)
 WATCHED(SDL_Texture*, SDL_CreateTexture,
         (SDL_Renderer * r, SDL_PixelFormat format, SDL_TextureAccess access, int w, int h), r,
         format, access, w, h)
@@ -188,7 +189,8 @@ TEST_F(SdlCalls, KeepTheWishToStayOnTopThroughRefusalsAndFullscreen) {
 
 TEST_F(SdlCalls, ShowEachPictureOnceAndNoneBeforeTheFirst) {
     const auto shown = [&] {
-        return made({"SDL_RenderPresent", "SDL_GL_SwapWindow"}, [&] { video.present(); });
+        return made({"SDL_SetRenderDrawBlendMode", "SDL_RenderPresent", "SDL_GL_SwapWindow"},
+                    [&] { video.present(); });
     };
     for (int window = 0; window < 2; ++window) {
         ASSERT_TRUE(create());
@@ -196,6 +198,9 @@ TEST_F(SdlCalls, ShowEachPictureOnceAndNoneBeforeTheFirst) {
         showPlain(160, 144, 0xffffff);
         EXPECT_EQ(shown(), Calls{"SDL_RenderPresent"});
     }
+    video.hud.showMessage = true;
+    EXPECT_EQ(shown(), (Calls{"SDL_SetRenderDrawBlendMode 1", "SDL_SetRenderDrawBlendMode 0",
+                              "SDL_RenderPresent"}));
     ASSERT_TRUE(setUp(320, 240));
     EXPECT_EQ(shown(), Calls{"SDL_GL_SwapWindow"});
 }
