@@ -107,8 +107,9 @@ protected:
         return video.setupHardware(request, width, height);
     }
 
-    static bool hasMenuBar() {
-        return SDL_HasProperty(SDL_GetWindowProperties(window()), playMenuProperty);
+    static const PlayMenu* menuBar() {
+        return static_cast<const PlayMenu*>(
+            SDL_GetPointerProperty(SDL_GetWindowProperties(window()), playMenuProperty, nullptr));
     }
 
     inline static int contextCalls = 0;
@@ -171,9 +172,9 @@ TEST_F(SdlCalls, PutTheMenuBackWhereFullscreenIsRefused) {
     const auto toggle = [&] { return video.toggleFullscreen(); };
     for (const bool windowed : {true, false}) {
         EXPECT_FALSE(without("SDL_SetWindowFullscreen", toggle));
-        EXPECT_EQ(hasMenuBar(), windowed);
+        EXPECT_EQ(menuBar() != nullptr, windowed);
         EXPECT_TRUE(toggle());
-        EXPECT_EQ(hasMenuBar(), !windowed) << "what was refused counts";
+        EXPECT_EQ(menuBar() != nullptr, !windowed) << "what was refused counts";
     }
 }
 
@@ -184,6 +185,10 @@ TEST_F(SdlCalls, KeepTheWishToStayOnTopThroughRefusalsAndFullscreen) {
     };
     EXPECT_EQ(made({"SDL_SetWindowAlwaysOnTop"}, inAndOut), Calls{});
     EXPECT_FALSE(without("SDL_SetWindowAlwaysOnTop", [&] { return video.setAlwaysOnTop(true); }));
+    PlayMenu* game = menuBar()->items[0].submenu.get();
+    EXPECT_FALSE(game->items[8].checked);
+    video.onInitMenuPopup(game);
+    EXPECT_TRUE(game->items[8].checked);
     EXPECT_EQ(made({"SDL_SetWindowAlwaysOnTop"}, inAndOut), Calls{"SDL_SetWindowAlwaysOnTop 1"});
 }
 
