@@ -1,9 +1,8 @@
 #include <velmora/sdl_video.h>
 
-#include <SDL3/SDL_video.h>
-
 #include "video/gl_functions.h"
 #include "video/pixel_store.h"
+#include "video/window_size.h"
 
 namespace velmora {
 
@@ -30,12 +29,9 @@ void SdlVideo::blitRgba(int x, int y, int w, int h, const void* pixels) {
                               0);
     gl.glBindFramebuffer(GL_DRAW_FRAMEBUFFER, 0);
 
-    int windowWidth = 0;
-    int windowHeight = 0;
-    SDL_GetWindowSizeInPixels(window, &windowWidth, &windowHeight);
     // The destination runs downward: the surface's rows are top first, GL's bottom first.
-    gl.glBlitFramebuffer(0, 0, w, h, x, windowHeight - y, x + w, windowHeight - y - h,
-                         GL_COLOR_BUFFER_BIT, GL_NEAREST);
+    const int top = windowSizeInPixels(window).y - y;
+    gl.glBlitFramebuffer(0, 0, w, h, x, top, x + w, top - h, GL_COLOR_BUFFER_BIT, GL_NEAREST);
     gl.glBindFramebuffer(GL_FRAMEBUFFER, 0);
 }
 

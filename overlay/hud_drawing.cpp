@@ -1,13 +1,13 @@
 #include <velmora/sdl_video.h>
 
 #include <SDL3/SDL_render.h>
-#include <SDL3/SDL_video.h>
 
 #include <memory>
 
 #include "overlay/hud_elements.h"
 #include "support/no_throw.h"
 #include "video/surface.h"
+#include "video/window_size.h"
 
 namespace velmora {
 namespace {
@@ -29,18 +29,16 @@ bool drawElement(const HudElement& element, const HudCanvas& canvas, const PlayH
 void SdlVideo::renderHud() {
     if (!window || (!hud.showMessage && !hud.showVolume && !hud.menuOpen))
         return;
-    int w = 0;
-    int h = 0;
     if (!hardware) {
-        SDL_GetWindowSize(window, &w, &h);
-        renderHudSdl(w, h);
+        const SDL_Point canvas = windowSize(window);
+        renderHudSdl(canvas.x, canvas.y);
         return;
     }
-    SDL_GetWindowSizeInPixels(window, &w, &h);
+    const SDL_Point canvas = windowSizeInPixels(window);
     for (const HudElement& element : hudElements()) {
         if (!element.visible(hud))
             continue;
-        const hud_layout::Rect place = element.place(w, h);
+        const hud_layout::Rect place = element.place(canvas.x, canvas.y);
         composePanel(place.x, place.y, place.w, place.h, element);
     }
 }

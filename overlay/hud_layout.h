@@ -14,15 +14,15 @@
 namespace velmora::hud_layout {
 
 struct Position {
-    int x = 0;
-    int y = 0;
+    int x;
+    int y;
 };
 
 struct Rect {
-    int x = 0;
-    int y = 0;
-    int w = 0;
-    int h = 0;
+    int x;
+    int y;
+    int w;
+    int h;
 };
 
 constexpr Rect moved(const Rect& rect, const Position& by) {

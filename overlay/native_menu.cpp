@@ -62,7 +62,7 @@ void appendRow(void* gameMenu, const GameMenuRow& row, void* saveMenu, void* loa
 }
 
 void empty(void* menu) {
-    while (platform::itemCount(menu) > 0 && platform::removeFirstItem(menu)) {
+    while (platform::removeFirstItem(menu)) {
     }
 }
 

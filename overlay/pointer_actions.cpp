@@ -1,12 +1,11 @@
 #include <velmora/sdl_video.h>
 
-#include <SDL3/SDL_video.h>
-
 #include <utility>
 
 #include <velmora/action_codes.h>
 
 #include "overlay/hud_layout.h"
+#include "video/window_size.h"
 
 namespace velmora {
 
@@ -22,10 +21,8 @@ bool SdlVideo::consumeClick(int& x, int& y) {
 int SdlVideo::hitTest(int x, int y) const {
     if (!window || !hud.menuOpen)
         return action::none;
-    int w = 0;
-    int h = 0;
-    SDL_GetWindowSize(window, &w, &h);
-    const hud_layout::Rect panel = hud_layout::menuPanel(w, h);
+    const SDL_Point canvas = windowSize(window);
+    const hud_layout::Rect panel = hud_layout::menuPanel(canvas.x, canvas.y);
     const hud_layout::MenuScreen& screen = hud_layout::menuScreen(hud.screen);
     int code = screen.firstCode;
     for (const hud_layout::Row& row : screen.rows) {
@@ -39,9 +36,7 @@ int SdlVideo::hitTest(int x, int y) const {
 int SdlVideo::consumeAction() {
     if (pendingAction >= 0)
         return std::exchange(pendingAction, action::none);
-    int x = 0;
-    int y = 0;
-    return consumeClick(x, y) ? hitTest(x, y) : action::none;
+    return std::exchange(clickPending, false) ? hitTest(clickX, clickY) : action::none;
 }
 
 } // namespace velmora

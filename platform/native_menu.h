@@ -27,9 +27,7 @@ void appendItem(void* menu, int id, std::string_view label, bool enabled) noexce
 void appendSubmenu(void* menu, void* submenu, std::string_view label) noexcept;
 void appendSeparator(void* menu) noexcept;
 
-int itemCount(void* menu) noexcept;
-
-// False when nothing was removed. Not for a submenu.
+// False when nothing was left to remove. Not for a submenu.
 bool removeFirstItem(void* menu) noexcept;
 
 // The check mark of the item with the id.

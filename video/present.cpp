@@ -7,6 +7,7 @@
 
 #include "video/fit_rect.h"
 #include "video/gl_functions.h"
+#include "video/window_size.h"
 
 namespace velmora {
 
@@ -20,10 +21,9 @@ void SdlVideo::present() {
 void SdlVideo::presentSoftware() {
     if (!renderer || !texture)
         return;
-    int outW = 0;
-    int outH = 0;
-    SDL_GetRenderOutputSize(renderer, &outW, &outH);
-    const FitRect fit = fitRect(textureWidth, textureHeight, outW, outH);
+    SDL_Point out = {};
+    SDL_GetRenderOutputSize(renderer, &out.x, &out.y);
+    const FitRect fit = fitRect(textureWidth, textureHeight, out.x, out.y);
     const SDL_FRect dst = {static_cast<float>(fit.x), static_cast<float>(fit.y),
                            static_cast<float>(fit.w), static_cast<float>(fit.h)};
     SDL_SetRenderDrawColor(renderer, 8, 10, 16, 255);
@@ -46,24 +46,21 @@ void SdlVideo::presentHardware() {
 }
 
 void SdlVideo::blitFrame() {
-    int outW = 0;
-    int outH = 0;
-    SDL_GetWindowSizeInPixels(window, &outW, &outH);
     // A core that draws frames larger than it announced has drawn no more than what is allocated,
     // and GL leaves open what a blit finds beyond: the picture is the part that exists.
     const int allocatedW = static_cast<int>(fboWidth);
     const int allocatedH = static_cast<int>(fboHeight);
     const int srcW = frameWidth > 0 ? std::min(frameWidth, allocatedW) : allocatedW;
     const int srcH = frameHeight > 0 ? std::min(frameHeight, allocatedH) : allocatedH;
-    const FitRect fit = fitRect(srcW, srcH, outW, outH);
+    const SDL_Point out = windowSizeInPixels(window);
+    const FitRect fit = fitRect(srcW, srcH, out.x, out.y);
 
+    gl.glBindFramebuffer(GL_READ_FRAMEBUFFER, fbo);
+    gl.glBindFramebuffer(GL_DRAW_FRAMEBUFFER, 0);
     if (gl.glClearColor && gl.glClear) {
-        gl.glBindFramebuffer(GL_DRAW_FRAMEBUFFER, 0);
         gl.glClearColor(0.03F, 0.04F, 0.06F, 1.0F);
         gl.glClear(GL_COLOR_BUFFER_BIT);
     }
-    gl.glBindFramebuffer(GL_READ_FRAMEBUFFER, fbo);
-    gl.glBindFramebuffer(GL_DRAW_FRAMEBUFFER, 0);
     // The window's rows run from its bottom upward, like those of a core with GL's own origin; for
     // any other core the blit itself turns the picture over.
     const bool upward = hwRender.bottom_left_origin;

@@ -56,12 +56,8 @@ void appendSubmenu(void* menu, void* submenu, std::string_view label) noexcept {
 
 void appendSeparator(void* menu) noexcept { append(menu, Kind::separator, 0, {}, true, nullptr); }
 
-int itemCount(void* menu) noexcept {
-    return menu ? static_cast<int>(asMenu(menu)->items.size()) : 0;
-}
-
 bool removeFirstItem(void* menu) noexcept {
-    if (itemCount(menu) == 0)
+    if (!menu || asMenu(menu)->items.empty())
         return false;
     asMenu(menu)->items.erase(asMenu(menu)->items.begin());
     return true;

@@ -105,8 +105,6 @@ void appendSubmenu(void* menu, void* submenu, std::string_view label) noexcept {
 
 void appendSeparator(void* menu) noexcept { AppendMenuW(asMenu(menu), MF_SEPARATOR, 0, nullptr); }
 
-int itemCount(void* menu) noexcept { return GetMenuItemCount(asMenu(menu)); }
-
 bool removeFirstItem(void* menu) noexcept { return DeleteMenu(asMenu(menu), 0, MF_BYPOSITION); }
 
 void checkItem(void* menu, int id, bool checked) noexcept {

@@ -71,6 +71,7 @@ TEST_F(PlayMenuTest, TakesAnySlotCount) {
     for (const auto& [grow, count, saves, loads] : {Case{false, 0, 10, 10},
                                                     {false, INT_MIN, 10, 10},
                                                     {true, -3, 1, 0},
+                                                    {true, 1, 3, 1},
                                                     {true, INT_MAX, 402, 400},
                                                     {false, 1000, 400, 400}}) {
         refresh(grow, count, std::vector<std::string>(100'000, "Name"));
@@ -81,6 +82,7 @@ TEST_F(PlayMenuTest, TakesAnySlotCount) {
 
 TEST_F(PlayMenuTest, RefillsWhenTheGamePopupOpensAndOnlyThen) {
     const std::string before = lines(save());
+    EXPECT_EQ(before.find(slot(1000, "Empty")), 0U) << "filled from the start";
     video.hud.slotNames = {"Evening"};
     video.onInitMenuPopup(nullptr);
     video.onInitMenuPopup(save());
@@ -101,7 +103,20 @@ TEST_F(PlayMenuTest, ComesAndGoesWithTheWindowedWindow) {
     ASSERT_TRUE(video.toggleFullscreen());
     open(640, 480);
     EXPECT_NE(bar(), nullptr) << "the next window is no longer in fullscreen";
+}
+
+TEST_F(PlayMenuTest, IsOffTheWindowWhenThatEnds) {
+    ShownMenu last = bar();
+    ASSERT_NE(last, nullptr);
+    const auto look = [](void* seen, SDL_Event* event) {
+        if (event->type == SDL_EVENT_WINDOW_DESTROYED)
+            *static_cast<ShownMenu*>(seen) = bar();
+        return true;
+    };
+    SDL_AddEventWatch(look, &last);
     video.destroy();
+    SDL_RemoveEventWatch(look, &last);
+    EXPECT_EQ(last, nullptr);
     video.refreshNativeMenu();
 }
 
@@ -111,6 +126,8 @@ TEST_F(PlayMenuTest, HandsOutTheLatestCommandOnce) {
     video.destroy();
     EXPECT_EQ(video.consumeMenuAction(), 2007);
     EXPECT_EQ(video.consumeMenuAction(), -1);
+    video.onNativeMenu(0);
+    EXPECT_EQ(video.consumeMenuAction(), 0);
     video.onNativeMenu(37);
     video.onNativeMenu(-5);
     EXPECT_EQ(video.consumeMenuAction(), -1);

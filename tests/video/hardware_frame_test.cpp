@@ -45,18 +45,20 @@ protected:
     }
     ~HardwareFrameTest() override { video.destroy(); }
 
-    // Red in the quarter at GL's origin, green to its right, blue above it, white above the green.
-    void drawQuarters(int w, int h) {
-        fill(0, 0, w / 2, h / 2, 1, 0, 0);
-        fill(w / 2, 0, w - w / 2, h / 2, 0, 1, 0);
-        fill(0, h / 2, w / 2, h - h / 2, 0, 0, 1);
-        fill(w / 2, h / 2, w - w / 2, h - h / 2, 1, 1, 1);
+    // Its pixels in the corners tell a frame that is shifted, cut or turned: red at GL's origin,
+    // green to its right, blue above it, white above the green.
+    void drawCorners(int w, int h) {
+        fill(0, 0, w, h, 0.5F, 0.5F, 0.5F);
+        fill(0, 0, 1, 1, 1, 0, 0);
+        fill(w - 1, 0, 1, 1, 0, 1, 0);
+        fill(0, h - 1, 1, 1, 0, 0, 1);
+        fill(w - 1, h - 1, 1, 1, 1, 1, 1);
         video.upload(RETRO_HW_FRAME_BUFFER_VALID, static_cast<unsigned>(w),
                      static_cast<unsigned>(h), 0);
     }
 
-    // The quarters fill `place`, with GL's origin at its bottom or at its top.
-    static void expectQuarters(const Picture& picture, const SDL_Rect& place, bool upright = true) {
+    // The frame fills `place`, with GL's origin at its bottom or at its top.
+    static void expectCorners(const Picture& picture, const SDL_Rect& place, bool upright = true) {
         const int right = place.x + place.w - 1;
         const int first = upright ? place.y + place.h - 1 : place.y;
         const int last = upright ? place.y : place.y + place.h - 1;
@@ -80,7 +82,7 @@ TEST_F(HardwareFrameTest, GivesTheContextThatTheCoreAsksFor) {
     } const cases[] = {{RETRO_HW_CONTEXT_OPENGL, 0, 0, 2, 1},
                        {RETRO_HW_CONTEXT_OPENGL, 4, 0, 4, 1},
                        {RETRO_HW_CONTEXT_OPENGL_CORE, 0, 0, 3, 3},
-                       {RETRO_HW_CONTEXT_OPENGL_CORE, 4, 5, 4, 5}};
+                       {RETRO_HW_CONTEXT_OPENGL_CORE, 4, 1, 4, 1}};
     const auto asked = [](SDL_GLAttr attribute) {
         int value = -1;
         SDL_GL_GetAttribute(attribute, &value);
@@ -120,7 +122,7 @@ TEST_F(HardwareFrameTest, RefusesWhatItCannotGiveAndASoftwareGameStillPlays) {
     }
 }
 
-TEST_F(HardwareFrameTest, SizesHaveTheirFloorsAndAbsurdOnesCostNothing) {
+TEST_F(HardwareFrameTest, WindowAndFramebufferHaveTheirFloors) {
     struct {
         int width, height;
         SDL_Point window, framebuffer;
@@ -132,18 +134,54 @@ TEST_F(HardwareFrameTest, SizesHaveTheirFloorsAndAbsurdOnesCostNothing) {
         EXPECT_EQ(windowSize(), c.window);
         EXPECT_EQ(framebufferSize(), c.framebuffer);
     }
+    EXPECT_TRUE(video.setupHardware(request(), 8192, 1)) << "the widest that there is";
+    ASSERT_TRUE(video.setupHardware(request(), 0, 0));
+    EXPECT_STREQ(SDL_GetWindowTitle(window()), "Velmora");
+    fill(0, 0, 640, 480, 0, 1, 0);
+    fill(0, 0, 1, 1, 1, 0, 1);
+    presentForReading();
+    EXPECT_EQ(shownByGl().at(559, 0), 0xff00ffU) << "a frame of one pixel";
+}
+
+TEST_F(HardwareFrameTest, AResizeGivesTheSizeAskedForAndAbsurdOnesCostNothing) {
+    ASSERT_TRUE(video.setupHardware(request(), 800, 600)) << SDL_GetError();
+    struct {
+        unsigned width, height;
+        SDL_Point framebuffer;
+    } const cases[] = {{700, 600, {700, 600}},
+                       {700, 500, {700, 500}},
+                       {100, 100, {256, 224}},
+                       {16384, 7, {16384, 224}},
+                       {800, 600, {800, 600}}};
+    for (const auto& c : cases) {
+        video.resizeHardwareBuffers(c.width, c.height);
+        EXPECT_EQ(framebufferSize(), c.framebuffer);
+    }
     fill(0, 0, 800, 600, 1, 0, 1);
     const auto name = video.currentFramebuffer();
-    for (unsigned width : {800U, 20000U, 2000000000U, UINT_MAX})
-        video.resizeHardwareBuffers(width, 600);
+    for (const unsigned side : {800U, 16385U, 2000000000U, UINT_MAX}) {
+        video.resizeHardwareBuffers(side, 600);
+        video.resizeHardwareBuffers(800, side == 800 ? 600 : side);
+    }
     EXPECT_EQ(video.currentFramebuffer(), name);
     EXPECT_EQ(screenshot().at(799, 599), 0xff00ffU);
+}
 
-    video.resizeHardwareBuffers(100, 100);
-    EXPECT_EQ(framebufferSize(), (SDL_Point{256, 224}));
-    const auto small = video.currentFramebuffer();
-    video.resizeHardwareBuffers(256, 7);
-    EXPECT_EQ(video.currentFramebuffer(), small) << "the same size after the floor";
+TEST_F(HardwareFrameTest, AResizeGivesTheOldBuffersBack) {
+    retro_hw_render_callback record = request();
+    record.depth = true;
+    ASSERT_TRUE(video.setupHardware(record, 320, 240)) << SDL_GetError();
+    const auto objects = [] {
+        int count = 0;
+        for (GLuint name = 1; name < 32; ++name)
+            count += CORE_GL(glIsTexture, name) + CORE_GL(glIsFramebuffer, name) +
+                     CORE_GL(glIsRenderbuffer, name);
+        return count;
+    };
+    EXPECT_EQ(objects(), 3);
+    video.resizeHardwareBuffers(800, 600);
+    EXPECT_EQ(objects(), 3);
+    EXPECT_FALSE(video.hud.showMessage) << "the overlay is the frontend's alone";
 }
 
 TEST_F(HardwareFrameTest, DepthAndStencilComeAsAskedAlsoAfterAResize) {
@@ -160,6 +198,9 @@ TEST_F(HardwareFrameTest, DepthAndStencilComeAsAskedAlsoAfterAResize) {
         for (unsigned width : {640U, 1000U}) {
             SCOPED_TRACE(testing::Message() << c.depth << c.stencil << " at " << width);
             video.resizeHardwareBuffers(width, 480);
+            GLint bound = -1;
+            CORE_GL(glGetIntegerv, GL_FRAMEBUFFER_BINDING, &bound);
+            EXPECT_EQ(bound, 0) << "the window is left to draw into";
             CORE_GL(glBindFramebuffer, GL_FRAMEBUFFER,
                     static_cast<GLuint>(video.currentFramebuffer()));
             EXPECT_EQ(CORE_GL(glCheckFramebufferStatus, GL_FRAMEBUFFER),
@@ -189,45 +230,54 @@ TEST_F(HardwareFrameTest, ThePictureIsUprightFittedAndBarred) {
         ASSERT_TRUE(video.setupHardware(record, 320, 240)) << SDL_GetError();
         for (const auto& c : cases) {
             SCOPED_TRACE(testing::Message() << bottomLeft << ": " << c.frameW << "x" << c.frameH);
-            drawQuarters(c.frameW, c.frameH);
+            drawCorners(c.frameW, c.frameH);
+            SDL_GL_MakeCurrent(window(), nullptr); // as a frontend's own windows may have it
             video.present();
             const Picture shown = shownByGl();
-            expectQuarters(shown, c.picture, bottomLeft);
+            expectCorners(shown, c.picture, bottomLeft);
             for (SDL_Point at = {}; at.y < 480; ++at.y) {
                 for (at.x = 0; at.x < 640; ++at.x)
                     ASSERT_EQ(shown.at(at.x, at.y) == bars, !SDL_PointInRect(&at, &c.picture))
                         << at;
             }
             const int row = bottomLeft ? 480 - c.frameH : 0;
-            expectQuarters(screenshot(), {0, row, c.frameW, c.frameH}, bottomLeft);
+            expectCorners(screenshot(), {0, row, c.frameW, c.frameH}, bottomLeft);
         }
     }
 }
 
-TEST_F(HardwareFrameTest, OddFramebuffersAndOversizedFramesAreShownWhole) {
+TEST_F(HardwareFrameTest, AScreenshotKeepsEveryRowInItsPlaceAtEvenAndOddHeights) {
     ASSERT_TRUE(video.setupHardware(request(), 320, 240)) << SDL_GetError();
-    video.resizeHardwareBuffers(641, 481);
-    drawQuarters(641, 481);
-    fill(0, 240, 641, 1, 0.2F, 0.4F, 0.6F);
-    const Picture file = screenshot();
-    ASSERT_EQ(file.height, 481);
-    expectQuarters(file, {0, 0, 641, 481});
-    EXPECT_EQ(file.at(320, 240), 0x336699U) << "the row in the middle";
-    EXPECT_EQ(file.at(0, 239), 0x0000ffU);
-    EXPECT_EQ(file.at(0, 241), 0xff0000U);
+    for (const int height : {240, 241}) {
+        video.resizeHardwareBuffers(641, static_cast<unsigned>(height));
+        for (int y = 0; y < height; ++y)
+            fill(0, y, 641, 1, static_cast<float>(y) / 255, 0, 1);
+        const Picture file = screenshot();
+        for (int y = 0; y < height; ++y)
+            EXPECT_EQ(file.at(640, height - 1 - y), static_cast<Uint32>(y << 16 | 255)) << y;
+    }
+}
 
-    video.upload(RETRO_HW_FRAME_BUFFER_VALID, 5000, 4000, 0);
-    video.upload(RETRO_HW_FRAME_BUFFER_VALID, UINT_MAX, UINT_MAX, 0);
-    video.upload(RETRO_HW_FRAME_BUFFER_VALID, 0, 480, 0);
+TEST_F(HardwareFrameTest, OfFramesThatCannotBeWhatIsAllocatedIsShown) {
+    ASSERT_TRUE(video.setupHardware(request(), 320, 240)) << SDL_GetError();
+    drawCorners(640, 480);
+    video.upload(RETRO_HW_FRAME_BUFFER_VALID, INT_MAX, INT_MAX, 0);
     video.present();
-    expectQuarters(shownByGl(), {0, 0, 640, 480}); // what is allocated is what is there
+    expectCorners(shownByGl(), {0, 0, 640, 480});
+
+    drawCorners(320, 320);
+    for (const auto& [width, height] :
+         {std::pair{0U, 480U}, {640U, 0U}, {UINT_MAX, 480U}, {640U, UINT_MAX}})
+        video.upload(RETRO_HW_FRAME_BUFFER_VALID, width, height, 0);
+    video.present();
+    expectCorners(shownByGl(), {80, 0, 480, 480}); // the last one that could be
 }
 
 TEST_F(HardwareFrameTest, WhatACoreLeavesInThePixelStoreMovesNoRowsAndStays) {
     ASSERT_TRUE(video.setupHardware(request(), 320, 240)) << SDL_GetError();
     video.resizeHardwareBuffers(641, 481);
     resize(501, 401); // odd, so that the alignment matters
-    drawQuarters(641, 481);
+    drawCorners(641, 481);
     video.hud.message = "A message";
     video.hud.showMessage = true;
     presentForReading();
@@ -264,19 +314,28 @@ TEST_F(HardwareFrameTest, TheCoreHearsOfItsContextAtTheRightMoments) {
     ASSERT_TRUE(video.setupHardware(request(RETRO_HW_CONTEXT_OPENGL), 400, 300));
     EXPECT_EQ(calls, (Calls{"reset", "destroy", "reset"})) << "OpenGL asked for twice";
     EXPECT_EQ(windowSize(), (SDL_Point{800, 600}));
-    SdlVideo other;
-    other.destroy();
-    EXPECT_NE(SdlVideo::framebufferThunk(), 0U) << "another object's end is none of ours";
 
     SDL_GL_MakeCurrent(nullptr, nullptr);
     video.destroy();
     EXPECT_EQ(calls, (Calls{"reset", "destroy", "reset", "destroy"}));
-    EXPECT_EQ(SdlVideo::framebufferThunk(), 0U);
     EXPECT_EQ(window(), nullptr);
     ASSERT_TRUE(video.create("software", 160, 144));
     video.resizeHardwareBuffers(800, 600);
     EXPECT_EQ(video.currentFramebuffer(), 0U);
     EXPECT_EQ(calls.size(), 4U);
+}
+
+TEST_F(HardwareFrameTest, TheFramebufferIsThatOfTheOneObjectOnTheHardwarePath) {
+    const auto place = std::make_unique<std::array<std::byte, sizeof(SdlVideo)>>();
+    auto* first = new (place.get()) SdlVideo;
+    ASSERT_TRUE(first->setupHardware(request(), 320, 240)) << SDL_GetError();
+    EXPECT_EQ(SdlVideo::framebufferThunk(), first->currentFramebuffer());
+    SdlVideo().destroy();
+    EXPECT_NE(SdlVideo::framebufferThunk(), 0U) << "another object's end is none of its";
+    first->~SdlVideo();
+    place->fill(std::byte{0xff});
+    EXPECT_EQ(SdlVideo::framebufferThunk(), 0U);
+    EXPECT_EQ(SdlVideo::procAddressThunk(nullptr), nullptr);
 }
 
 TEST_F(HardwareFrameTest, ACoreMayAskForMoreFromWithinItsCallbacks) {
@@ -287,15 +346,16 @@ TEST_F(HardwareFrameTest, ACoreMayAskForMoreFromWithinItsCallbacks) {
         video.resizeHardwareBuffers(800, 600);
         video.upload(RETRO_HW_FRAME_BUFFER_VALID, 800, 600, 0);
         granted = granted || video.setupHardware(request(), 320, 240);
+        EXPECT_STREQ(SDL_GetError(), "OpenGL requested from within a context callback");
         video.create("from inside", 160, 144);
     };
     onReset = askAgain;
     ASSERT_TRUE(video.setupHardware(inCoreMemory, 320, 240)) << SDL_GetError();
     EXPECT_EQ(windowSize(), (SDL_Point{640, 480}));
     EXPECT_EQ(framebufferSize(), (SDL_Point{800, 600}));
-    drawQuarters(800, 600);
+    drawCorners(800, 600);
     video.present();
-    expectQuarters(shownByGl(), {0, 0, 640, 480});
+    expectCorners(shownByGl(), {0, 0, 640, 480});
 
     // The core gives its record up when the context goes, and then asks with that very record.
     onDestroy = [&] {

@@ -98,7 +98,7 @@ protected:
         return Picture(SDL_LoadBMP(file.c_str()));
     }
 
-    // Draws into the core's framebuffer, from GL's origin on.
+    // Draws into the core's framebuffer, from GL's origin on, and leaves it bound as cores do.
     static void fill(int x, int y, int w, int h, float r, float g, float b) {
         CORE_GL(glBindFramebuffer, GL_FRAMEBUFFER,
                 static_cast<GLuint>(SdlVideo::framebufferThunk()));
@@ -107,7 +107,7 @@ protected:
         CORE_GL(glClearColor, r, g, b, 1);
         CORE_GL(glClear, GL_COLOR_BUFFER_BIT);
         CORE_GL(glDisable, GL_SCISSOR_TEST);
-        CORE_GL(glBindFramebuffer, GL_FRAMEBUFFER, 0);
+        CORE_GL(glBindFramebuffer, GL_READ_FRAMEBUFFER, 0);
     }
 
     // What a GL window shows. Offscreen there is one buffer, and on X11 Mesa's software driver
