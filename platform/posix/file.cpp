@@ -32,7 +32,8 @@ File::Descriptor::~Descriptor() {
 }
 
 File::File(const std::filesystem::path& path, QIODevice::OpenModeFlag mode)
-    : descriptor{::open(path.c_str(), mode == QIODevice::ReadOnly ? toRead : toWrite, 0666)} {
+    : descriptor{
+          ::open(path.c_str(), mode == QIODevice::ReadOnly ? toRead : toWrite, DEFFILEMODE)} {
     const int reason = descriptor.value < 0 ? errno : obstacle(descriptor.value);
     if (reason == 0)
         open(descriptor.value, mode | QIODevice::Unbuffered);
