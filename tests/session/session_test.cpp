@@ -95,7 +95,7 @@ TEST_F(SessionTest, APictureArrivesWholeInTheFormatThatCameBeforeIt) {
     const auto setFormat = [&](unsigned format) {
         EXPECT_TRUE(core->environment(RETRO_ENVIRONMENT_SET_PIXEL_FORMAT, &format));
     };
-    start(); // a window of 768 by 672: the picture stands 384 or 768 pixels high in it
+    start(); // a window of 768 by 672
     EXPECT_EQ(shown(4, 96, 240), 0xf80000U);
     EXPECT_EQ(shown(4, 672, 240), 0xf8f8f8U);
     EXPECT_EQ(shown(4, 96, 432), 0x00f800U);
