@@ -192,17 +192,27 @@ TEST_F(SessionTest, AHardwareSessionFollowsTheSizesThatTheCoreAnnounces) {
     EXPECT_NE(shown.at(600, 100), 0x00ff00U);
 }
 
-// GL's names begin anew with each context, so that one kept from the last session is one of the
-// core's.
+// GL's names begin anew with each context: one kept from the last session is one of the core's.
 TEST_F(SessionTest, TheOverlayOfTheNextSessionLeavesTheCoresOwnTexturesAlone) {
     constexpr int count = 4;
     std::array<GLuint, count> textures;
     std::array<GLuint, count> framebuffers;
     const std::vector<Uint32> red(64 * 64, 0xff0000ff);
+    video.hud.message = "A message";
+    video.hud.showMessage = true;
+    core.on("retro_load_game", [&] { EXPECT_TRUE(askForOpenGl()) << host.lastError; });
+    const auto play = [&] {
+        start();
+        run([&] { core->video_refresh(RETRO_HW_FRAME_BUFFER_VALID, 256, 224, 0); });
+        presentForReading();
+        EXPECT_NE(shownByGl().at(1, 1), 0U) << "the overlay's strip";
+    };
+    play();
+    end();
     onContextReset = [&] {
         CORE_GL(glGenTextures, count, textures.data());
         CORE_GL(glGenFramebuffers, count, framebuffers.data());
-        for (int i = 0; i < count; ++i) {
+        for (std::size_t i = 0; i < count; ++i) {
             CORE_GL(glBindTexture, GL_TEXTURE_2D, textures[i]);
             CORE_GL(glTexImage2D, GL_TEXTURE_2D, 0, GL_RGBA8, 64, 64, 0, GL_RGBA, GL_UNSIGNED_BYTE,
                     red.data());
@@ -210,25 +220,17 @@ TEST_F(SessionTest, TheOverlayOfTheNextSessionLeavesTheCoresOwnTexturesAlone) {
             CORE_GL(glFramebufferTexture2D, GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D,
                     textures[i], 0);
         }
-    };
-    video.hud.message = "A message";
-    video.hud.showMessage = true;
-    core.on("retro_load_game", [&] { EXPECT_TRUE(askForOpenGl()) << host.lastError; });
-    for (int session = 0; session < 2; ++session) {
-        start();
-        run([&] { core->video_refresh(RETRO_HW_FRAME_BUFFER_VALID, 256, 224, 0); });
-        presentForReading();
-        EXPECT_NE(shownByGl().at(1, 1), 0U) << "the overlay's strip";
-        for (const GLuint framebuffer : framebuffers) {
-            Uint32 pixel = 0;
-            CORE_GL(glBindFramebuffer, GL_FRAMEBUFFER, framebuffer);
-            CORE_GL(glReadPixels, 1, 1, 1, 1, GL_RGBA, GL_UNSIGNED_BYTE, &pixel);
-            EXPECT_EQ(pixel, red[0]) << "session " << session;
-        }
         CORE_GL(glBindFramebuffer, GL_FRAMEBUFFER, 0);
-        end();
-        EXPECT_EQ(contextsDestroyed, session + 1);
+    };
+    play();
+    for (const GLuint framebuffer : framebuffers) {
+        Uint32 pixel = 0;
+        CORE_GL(glBindFramebuffer, GL_FRAMEBUFFER, framebuffer);
+        CORE_GL(glReadPixels, 1, 1, 1, 1, GL_RGBA, GL_UNSIGNED_BYTE, &pixel);
+        EXPECT_EQ(pixel, red[0]) << framebuffer;
     }
+    end();
+    EXPECT_EQ(contextsDestroyed, 2);
 }
 
 TEST_F(SessionTest, AClosedCoreIsNotCalledWhateverItAskedForAndWhen) {
