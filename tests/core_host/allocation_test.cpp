@@ -138,7 +138,7 @@ TEST_F(Allocation, NoneOnTheFramePathOnceWarm) {
     };
     play(10);
     memory::allocations = 0;
-    play(300);
+    play(100);
     EXPECT_EQ(memory::allocations, 0);
     video.destroy();
 }
