@@ -37,6 +37,7 @@ TEST_F(Threads, OneOperationEntersTheCoreAtATime) {
     }
     done = true;
     player.join();
+    host.unload();
     EXPECT_EQ(most, 1);
 }
 
