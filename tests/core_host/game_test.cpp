@@ -223,11 +223,14 @@ TEST_F(BatterySave, IsLeftAloneWithoutMemoryOrDirectory) {
         EXPECT_FALSE(std::filesystem::exists(saves));
     }
     lend("12345678");
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(scratch.path());
     host.setDirectories(saves, "");
     start();
     EXPECT_EQ(core.takeCalls().back(), "retro_set_controller_port_device");
     host.unload();
     EXPECT_FALSE(std::filesystem::exists("game.srm"));
+    std::filesystem::current_path(before);
 }
 
 } // namespace velmora::test
