@@ -32,7 +32,7 @@ bool readInto(char* memory, std::size_t size, QFile& file) {
 
 } // namespace
 
-// Null for a core that lends none.
+// Only while a game runs, when both entry points are there. Null for a core that lends none.
 std::pair<char*, std::size_t> LibretroHost::batteryMemory() const {
     const std::size_t size = platform::enterCore(core.retro_get_memory_size, RETRO_MEMORY_SAVE_RAM);
     void* const memory = platform::enterCore(core.retro_get_memory_data, RETRO_MEMORY_SAVE_RAM);
@@ -43,24 +43,23 @@ std::pair<char*, std::size_t> LibretroHost::batteryMemory() const {
 // start anew, and write that over the save in the end.
 bool LibretroHost::loadSram() {
     unreadSave.clear();
-    if (!core.retro_get_memory_data || !core.retro_get_memory_size || saveDir.empty())
+    if (saveDir.empty())
         return false;
     const auto [memory, size] = batteryMemory();
     if (!memory)
         return false;
     std::filesystem::path path = batteryFile(saveDir, romPath);
     platform::File file(path, QIODevice::ReadOnly);
-    if (!file.failure && readInto(memory, size, file))
-        return true;
-    if (!isAbsence(file.failure))
+    const bool read = !file.failure && readInto(memory, size, file);
+    if (!read && !isAbsence(file.failure))
         unreadSave = std::move(path);
-    return false;
+    return read;
 }
 
 // What could not be read is not written over: the game began without it.
 void LibretroHost::persistSram() {
     noThrow([this] {
-        if (!gameLoaded || !core.retro_get_memory_data || !core.retro_get_memory_size)
+        if (!gameLoaded)
             return;
         const auto [memory, size] = batteryMemory();
         // No memory is larger than the difference of two pointers.

@@ -46,8 +46,7 @@ bool readState(const std::filesystem::path& path, const QString& name, QByteArra
         return fail(lastError, {"Save state not found."});
     }
     if (static_cast<std::uint64_t>(file.size()) <= sizeLimit)
-        state.resize(file.size());
-    state.truncate(std::max<qsizetype>(file.read(state.data(), state.size()), 0));
+        state = file.read(file.size());
     return !state.isEmpty() || fail(lastError, {"Could not read save state file."});
 }
 

@@ -15,7 +15,7 @@ constexpr int toWrite = O_CLOEXEC | O_WRONLY | O_CREAT | O_TRUNC;
 int openUninterrupted(const char* path, int flags) {
     int descriptor = -1;
     do
-        descriptor = ::open(path, flags, 0666);
+        descriptor = ::open(path, flags, DEFFILEMODE);
     while (descriptor < 0 && errno == EINTR);
     return descriptor;
 }

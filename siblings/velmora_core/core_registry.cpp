@@ -55,7 +55,6 @@ constexpr std::array<System, 31> systems{{
 
 QList<CoreDescriptor> CoreRegistry::uniqueBySystem() {
     QList<CoreDescriptor> cores;
-    cores.reserve(static_cast<qsizetype>(systems.size()));
     for (const System& system : systems) {
         const QString id = system.id.toString();
         cores.append({id,

@@ -50,7 +50,8 @@ TEST(ObjectSurfaceTest, ListsTheSystemsOfTheRegistry) {
         const QVariantMap row = entry.toMap();
         const QString id = row["id"].toString();
         EXPECT_EQ(row.keys(), QStringList({"accent", "id", "label", "pad", "short"}));
-        EXPECT_FALSE(row["label"].toString().isEmpty() || row["short"].toString().isEmpty());
+        EXPECT_TRUE(row["label"].toString().front().isUpper()) << id.toStdString();
+        EXPECT_EQ(row["short"].toString(), row["short"].toString().toUpper()) << id.toStdString();
         EXPECT_TRUE(row["accent"].toString().startsWith('#'));
         bindings.setSystemId(id);
         EXPECT_EQ(bindings.padStyle(), row["pad"].toString());

@@ -11,11 +11,10 @@ using CoreModule = HostTest;
 TEST_F(CoreModule, EntersTheCoreInOrderFromLoadToUnload) {
     host.setDirectories(scratch.path(), scratch.path());
     core.on("retro_init", [&] { core->environment(RETRO_ENVIRONMENT_SHUTDOWN, nullptr); });
-    int answersAtTheEnd = 0;
-    for (const char* entry : {"retro_unload_game", "retro_deinit"})
-        core.on(entry, [&] {
-            answersAtTheEnd += core->environment(RETRO_ENVIRONMENT_SET_MESSAGE, nullptr);
-        });
+    int answers = 0;
+    for (const char* entry : {"retro_set_environment", "retro_unload_game", "retro_deinit"})
+        core.on(entry,
+                [&] { answers += core->environment(RETRO_ENVIRONMENT_SET_MESSAGE, nullptr); });
 
     host.runFrame();
     EXPECT_EQ(core.takeCalls(), Lines{});
@@ -26,6 +25,7 @@ TEST_F(CoreModule, EntersTheCoreInOrderFromLoadToUnload) {
               (Lines{"retro_api_version", "retro_set_environment", "retro_set_video_refresh",
                      "retro_set_audio_sample", "retro_set_audio_sample_batch",
                      "retro_set_input_poll", "retro_set_input_state", "retro_init"}));
+    EXPECT_EQ(answers, 1);
     EXPECT_TRUE(host.shutdownRequested);
     ASSERT_TRUE(host.loadGame(game));
     EXPECT_EQ(core.takeCalls(),
@@ -38,10 +38,12 @@ TEST_F(CoreModule, EntersTheCoreInOrderFromLoadToUnload) {
     host.reset();
     EXPECT_EQ(core.takeCalls(), (Lines{"retro_run", "retro_reset"}));
     host.unload();
-    EXPECT_EQ(answersAtTheEnd, 2);
+    EXPECT_EQ(answers, 3);
     EXPECT_FALSE(host.shutdownRequested);
     host.unload();
     host.runFrame();
+    EXPECT_FALSE(host.loadGame(game));
+    EXPECT_EQ(host.lastError, "No core loaded");
     EXPECT_EQ(core.takeCalls(), (Lines{"retro_get_memory_size", "retro_get_memory_data",
                                        "retro_unload_game", "retro_deinit"}));
 }
@@ -189,11 +191,12 @@ TEST_F(CoreModule, LogsEachLineOnce) {
     log.log(RETRO_LOG_ERROR, "%s %d\n", "\"é\"", 7);
     log.log(RETRO_LOG_DEBUG, "%s", longText.c_str());
     log.log(RETRO_LOG_INFO, nullptr);
+    log.log(RETRO_LOG_INFO, "%s", "");
     const wchar_t noCharacter[] = {static_cast<wchar_t>(0xd800), 0};
     log.log(RETRO_LOG_WARN, "unprintable: %ls", noCharacter);
     EXPECT_EQ(LogCapture::lines,
               (Lines{"I [libretro] \"é\" 7\n", "I [libretro] " + std::string(1023, 'x'),
-                     "I [libretro] unprintable: %ls"}));
+                     "I [libretro] ", "I [libretro] unprintable: %ls"}));
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << "where Qt's log goes by itself";
 }
 
@@ -217,10 +220,19 @@ TEST_F(CoreModule, AThrowIsTheFalseOfItsEntryPoint) {
     ASSERT_TRUE(host.loadCore(core.path));
     EXPECT_FALSE(host.loadGame(game));
     EXPECT_EQ(host.lastError, "Core rejected ROM: " + utf8(game));
-    core.on("retro_init", fault);
-    EXPECT_FALSE(host.loadCore(core.path));
-    EXPECT_EQ(host.lastError, "Unexpected failure: core fault");
-    EXPECT_FALSE(core->environment(RETRO_ENVIRONMENT_SET_MESSAGE, nullptr));
+}
+
+TEST_F(CoreModule, AThrowWhileItStartsIsToldAndNothingIsLeftOfIt) {
+    const std::pair<std::function<void()>, const char*> faults[] = {
+        {[] { throw std::runtime_error("core fault"); }, "Unexpected failure: core fault"},
+        {[] { throw 1; }, "Unexpected failure"}};
+    for (const auto& [fault, text] : faults) {
+        core.on("retro_init", fault);
+        EXPECT_FALSE(host.loadCore(core.path));
+        EXPECT_EQ(host.lastError, text);
+        EXPECT_EQ(core.takeCalls().back(), "retro_init") << "what did not start is not ended";
+        EXPECT_FALSE(core->environment(RETRO_ENVIRONMENT_SET_MESSAGE, nullptr));
+    }
 }
 
 // Threads of its own may still run in it.

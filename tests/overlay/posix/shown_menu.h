@@ -24,7 +24,7 @@ inline std::string lines(ShownMenu menu) {
     using Kind = PlayMenuItem::Kind;
     std::string text;
     for (const PlayMenuItem& item : menu->items) {
-        const bool hasId = item.kind == Kind::item;
+        const bool hasId = item.kind == Kind::item || item.id != 0;
         text += hasId ? std::to_string(item.id) : item.kind == Kind::separator ? "--" : ">";
         text += " " + item.label + (item.enabled ? "" : " (greyed)");
         text += item.checked ? " (checked)\n" : "\n";
