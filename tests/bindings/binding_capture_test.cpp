@@ -164,13 +164,19 @@ TEST_F(BindingCaptureTest, StoresTheLowestPadButtonThatIsDown) {
     EXPECT_FALSE(SDL_GetGamepadFromID(first.id)) << "open for a look only";
 }
 
-TEST_F(BindingCaptureTest, KeysAreNoPadButtons) {
+TEST_F(BindingCaptureTest, TakesNothingFromTheOtherDevice) {
     const VirtualPad pad;
-    bindings.setDevice("gamepad");
     bindings.prepare();
+    pad.hold({5});
+    bindings.listen(100);
+    EXPECT_TRUE(ticks.waitForTwo(bindings));
+    EXPECT_TRUE(bindings.listening()) << "a pad's button is no key";
+    pad.hold({});
+    bindings.setDevice("gamepad");
     bindings.listen(100);
     emitted.take();
     EXPECT_FALSE(widget.press(Qt::Key_A));
+    EXPECT_TRUE(bindings.listening()) << "a key is no pad's button";
     pad.hold({5});
     EXPECT_TRUE(QTest::qWaitFor([&] { return !bindings.listening(); }));
     EXPECT_EQ(emitted.take(), "LM");
