@@ -13,9 +13,7 @@ protected:
     // GL window a larger surface.
     void open(int w, int h, bool onHardware = false) {
         hardware = onHardware;
-        retro_hw_render_callback request = {};
-        request.context_type = RETRO_HW_CONTEXT_OPENGL_CORE;
-        ASSERT_TRUE(hardware ? video.setupHardware(request, w / 2, h / 2)
+        ASSERT_TRUE(hardware ? video.setupHardware(openGl(), w / 2, h / 2)
                              : video.create("overlay", 320, 240))
             << SDL_GetError();
         resize(w, h);

@@ -15,18 +15,9 @@
 namespace velmora::test {
 namespace {
 
-// What a core hands over when it asks for OpenGL: its callbacks, and what they do.
+// What the core's callbacks do that it hands over when it asks for OpenGL.
 std::function<void()> onContextReset;
 int contextsDestroyed = 0;
-
-retro_hw_render_callback openGl() {
-    retro_hw_render_callback record = {};
-    record.context_type = RETRO_HW_CONTEXT_OPENGL_CORE;
-    record.context_reset = [] { onContextReset(); };
-    record.context_destroy = [] { ++contextsDestroyed; };
-    record.bottom_left_origin = true;
-    return record;
-}
 
 // A host with the outputs that a frontend gives it, and the probe core in it.
 class SessionTest : public VideoTest {
@@ -56,6 +47,8 @@ protected:
 
     bool askForOpenGl() {
         retro_hw_render_callback record = openGl();
+        record.context_reset = [] { onContextReset(); };
+        record.context_destroy = [] { ++contextsDestroyed; };
         return core->environment(RETRO_ENVIRONMENT_SET_HW_RENDER, &record);
     }
 
@@ -68,11 +61,6 @@ protected:
     void run(const std::function<void()>& frame) {
         core.on("retro_run", frame);
         host.runFrame();
-    }
-
-    SDL_Point framebufferSize() {
-        const Picture picture = screenshot();
-        return {picture.width, picture.height};
     }
 
     const std::filesystem::path game = directory / "game.bin";

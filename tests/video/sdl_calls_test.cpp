@@ -1,12 +1,11 @@
 #include "video/window_picture.h"
 
-#include <algorithm>
 #include <climits>
 #include <dlfcn.h>
 #include <set>
-#include <type_traits>
+#include <tuple>
 
-#include <velmora/play_menu.h>
+#include "overlay/posix/shown_menu.h"
 
 // What the library asks of SDL where no picture tells, and what it does where SDL refuses. ELF
 // finds a program's own functions before those of its libraries, so the library's calls come here.
@@ -18,14 +17,8 @@ using Calls = std::vector<std::string>;
 Calls calls;
 std::set<std::string> refused; // functions of SDL, and of GL, that fail
 
-template <class Argument>
-std::string written(Argument argument) {
-    if constexpr (std::is_pointer_v<Argument>)
-        return "";
-    else
-        return " " + std::to_string(argument);
-}
-
+std::string written(int value) { return " " + std::to_string(value); }
+std::string written(const void*) { return ""; }
 std::string written(const char* text) { return std::string(" ") + (text ? text : "any"); }
 
 template <class Function, class... Arguments>
@@ -87,40 +80,22 @@ protected:
         return calls;
     }
 
-    // While SDL refuses the calls of `name`.
-    template <class Work>
-    static auto without(const char* name, Work&& work) {
-        refused = {name};
-        const auto result = work();
-        refused.clear();
-        return result;
-    }
-
     bool create() { return video.create("a window", 160, 144); }
 
     bool setUp(int width, int height) {
         video.destroy();
         contextCalls = 0;
-        retro_hw_render_callback request = {};
-        request.context_type = RETRO_HW_CONTEXT_OPENGL_CORE;
+        retro_hw_render_callback request = openGl();
         request.context_reset = request.context_destroy = [] { ++contextCalls; };
         return video.setupHardware(request, width, height);
-    }
-
-    static const PlayMenu* menuBar() {
-        return static_cast<const PlayMenu*>(
-            SDL_GetPointerProperty(SDL_GetWindowProperties(window()), playMenuProperty, nullptr));
     }
 
     inline static int contextCalls = 0;
 };
 
 TEST_F(SdlCalls, TryRenderersInOrderAndAtLastSdlsOwnChoice) {
-    EXPECT_TRUE(create());
-    const auto none = [&] {
-        EXPECT_FALSE(without("SDL_CreateRenderer", [&] { return create(); }));
-    };
-    EXPECT_EQ(made({"SDL_CreateRenderer"}, none),
+    refused = {"SDL_CreateRenderer"};
+    EXPECT_EQ(made({"SDL_CreateRenderer"}, [&] { EXPECT_FALSE(create()); }),
               (Calls{"SDL_CreateRenderer direct3d11", "SDL_CreateRenderer direct3d",
                      "SDL_CreateRenderer opengl", "SDL_CreateRenderer software",
                      "SDL_CreateRenderer any"}));
@@ -130,66 +105,85 @@ TEST_F(SdlCalls, TryRenderersInOrderAndAtLastSdlsOwnChoice) {
 TEST_F(SdlCalls, BringEveryWindowUpCentredInStepWithTheDisplayAndOnTop) {
     const std::string centre = " " + std::to_string(SDL_WINDOWPOS_CENTERED);
     for (const bool onTop : {false, true}) {
-        video.setAlwaysOnTop(onTop);
-        for (const std::string pace : {"SDL_SetRenderVSync", "SDL_GL_SetSwapInterval"}) {
-            const bool onHardware = pace == "SDL_GL_SetSwapInterval";
+        EXPECT_TRUE(video.setAlwaysOnTop(onTop)); // without a window: a wish
+        for (const bool onHardware : {false, true}) {
             video.destroy();
-            Calls expected = {"SDL_SetWindowPosition" + centre + centre, pace + " 1",
+            Calls expected = {"SDL_SetWindowPosition" + centre + centre,
+                              onHardware ? "SDL_GL_SetSwapInterval 1" : "SDL_SetRenderVSync 1",
                               "SDL_ShowWindow", "SDL_RaiseWindow"};
             if (onTop)
                 expected.push_back("SDL_SetWindowAlwaysOnTop 1");
-            EXPECT_EQ(made({"SDL_SetWindowPosition", pace, "SDL_ShowWindow", "SDL_RaiseWindow",
-                            "SDL_SetWindowAlwaysOnTop"},
+            EXPECT_EQ(made({"SDL_SetWindowPosition", "SDL_SetRenderVSync", "SDL_GL_SetSwapInterval",
+                            "SDL_ShowWindow", "SDL_RaiseWindow", "SDL_SetWindowAlwaysOnTop"},
                            [&] { EXPECT_TRUE(onHardware ? setUp(320, 240) : create()); }),
                       expected);
         }
     }
 }
 
-TEST_F(SdlCalls, AskForTheDepthStencilAndDebuggingThatTheCoreWants) {
-    for (int wanted = 0; wanted < 8; ++wanted) {
-        retro_hw_render_callback request = {};
-        request.context_type = RETRO_HW_CONTEXT_OPENGL;
-        request.depth = (wanted & 1) != 0;
-        request.stencil = (wanted & 2) != 0;
-        request.debug_context = (wanted & 4) != 0;
+TEST_F(SdlCalls, AskForTheContextThatTheCoreWants) {
+    retro_hw_render_callback oldest = openGl(RETRO_HW_CONTEXT_OPENGL);
+    retro_hw_render_callback newer = oldest;
+    newer.version_major = 4;
+    newer.depth = newer.debug_context = true;
+    retro_hw_render_callback core = openGl();
+    core.version_major = 4;
+    core.version_minor = 2;
+    core.stencil = true;
+    const std::tuple<retro_hw_render_callback, int, int, int> cases[] = {
+        {oldest, SDL_GL_CONTEXT_PROFILE_COMPATIBILITY, 2, 1},
+        {newer, SDL_GL_CONTEXT_PROFILE_COMPATIBILITY, 4, 1},
+        {openGl(), SDL_GL_CONTEXT_PROFILE_CORE, 3, 3},
+        {core, SDL_GL_CONTEXT_PROFILE_CORE, 4, 2}};
+    for (const auto& [request, profile, major, minor] : cases) {
+        const auto set = [](SDL_GLAttr attribute, int value) {
+            return "SDL_GL_SetAttribute" + written(attribute) + written(value);
+        };
+        std::set<std::string> wanted = {set(SDL_GL_CONTEXT_PROFILE_MASK, profile),
+                                        set(SDL_GL_CONTEXT_MAJOR_VERSION, major),
+                                        set(SDL_GL_CONTEXT_MINOR_VERSION, minor),
+                                        set(SDL_GL_DOUBLEBUFFER, 1),
+                                        set(SDL_GL_DEPTH_SIZE, request.depth ? 24 : 0),
+                                        set(SDL_GL_STENCIL_SIZE, request.stencil ? 8 : 0)};
+        if (request.debug_context)
+            wanted.insert(set(SDL_GL_CONTEXT_FLAGS, SDL_GL_CONTEXT_DEBUG_FLAG));
         const Calls asked = made({"SDL_GL_SetAttribute"}, [&] {
             EXPECT_TRUE(video.setupHardware(request, 320, 240)) << SDL_GetError();
         });
-        const auto asks = [&](SDL_GLAttr attribute, int value) {
-            return std::ranges::count(asked, "SDL_GL_SetAttribute" + written(attribute) +
-                                                 written(value)) == 1;
-        };
-        EXPECT_TRUE(asks(SDL_GL_DOUBLEBUFFER, 1));
-        EXPECT_TRUE(asks(SDL_GL_DEPTH_SIZE, request.depth ? 24 : 0));
-        EXPECT_TRUE(asks(SDL_GL_STENCIL_SIZE, request.stencil ? 8 : 0));
-        EXPECT_EQ(asks(SDL_GL_CONTEXT_FLAGS, SDL_GL_CONTEXT_DEBUG_FLAG), request.debug_context);
+        EXPECT_EQ(std::set(asked.begin(), asked.end()), wanted);
     }
 }
 
 TEST_F(SdlCalls, PutTheMenuBackWhereFullscreenIsRefused) {
     ASSERT_TRUE(create());
-    const auto toggle = [&] { return video.toggleFullscreen(); };
     for (const bool windowed : {true, false}) {
-        EXPECT_FALSE(without("SDL_SetWindowFullscreen", toggle));
-        EXPECT_EQ(menuBar() != nullptr, windowed);
-        EXPECT_TRUE(toggle());
-        EXPECT_EQ(menuBar() != nullptr, !windowed) << "what was refused counts";
+        refused = {"SDL_SetWindowFullscreen"};
+        EXPECT_FALSE(video.toggleFullscreen());
+        EXPECT_EQ(shownBar(window()) != nullptr, windowed);
+        refused.clear();
+        EXPECT_TRUE(video.toggleFullscreen());
+        EXPECT_EQ(shownBar(window()) != nullptr, !windowed) << "what was refused counts";
     }
 }
 
 TEST_F(SdlCalls, KeepTheWishToStayOnTopThroughRefusalsAndFullscreen) {
     ASSERT_TRUE(create());
     const auto inAndOut = [&] {
-        EXPECT_TRUE(video.setFullscreen(true) && video.setFullscreen(false));
+        return made({"SDL_SetWindowFullscreen", "SDL_SetWindowAlwaysOnTop"},
+                    [&] { EXPECT_TRUE(video.toggleFullscreen() && video.toggleFullscreen()); });
     };
-    EXPECT_EQ(made({"SDL_SetWindowAlwaysOnTop"}, inAndOut), Calls{});
-    EXPECT_FALSE(without("SDL_SetWindowAlwaysOnTop", [&] { return video.setAlwaysOnTop(true); }));
-    PlayMenu* game = menuBar()->items[0].submenu.get();
+    EXPECT_EQ(inAndOut(), (Calls{"SDL_SetWindowFullscreen 1", "SDL_SetWindowFullscreen 0"}));
+    refused = {"SDL_SetWindowAlwaysOnTop"};
+    EXPECT_FALSE(video.setAlwaysOnTop(true));
+    refused.clear();
+    PlayMenu* game = submenu(shownBar(window()), 0);
     EXPECT_FALSE(game->items[8].checked);
     video.onInitMenuPopup(game);
     EXPECT_TRUE(game->items[8].checked);
-    EXPECT_EQ(made({"SDL_SetWindowAlwaysOnTop"}, inAndOut), Calls{"SDL_SetWindowAlwaysOnTop 1"});
+    EXPECT_EQ(inAndOut(), (Calls{"SDL_SetWindowFullscreen 1", "SDL_SetWindowFullscreen 0",
+                                 "SDL_SetWindowAlwaysOnTop 1"}));
+    const auto end = [&] { EXPECT_TRUE(video.toggleAlwaysOnTop()); };
+    EXPECT_EQ(made({"SDL_SetWindowAlwaysOnTop"}, end), Calls{"SDL_SetWindowAlwaysOnTop 0"});
 }
 
 TEST_F(SdlCalls, ShowEachPictureOnceAndNoneBeforeTheFirst) {

@@ -92,10 +92,34 @@ protected:
         presentForReading();
     }
 
+    // What a core asks with that draws with GL's own origin.
+    static retro_hw_render_callback
+    openGl(retro_hw_context_type type = RETRO_HW_CONTEXT_OPENGL_CORE) {
+        retro_hw_render_callback request = {};
+        request.context_type = type;
+        request.bottom_left_origin = true;
+        return request;
+    }
+
     Picture screenshot() {
         const std::string file = (directory / "picture.bmp").string();
         EXPECT_TRUE(video.captureScreenshot(file)) << SDL_GetError();
         return Picture(SDL_LoadBMP(file.c_str()));
+    }
+
+    // A hardware session's screenshot is of the whole framebuffer.
+    SDL_Point framebufferSize() {
+        const Picture picture = screenshot();
+        return {picture.width, picture.height};
+    }
+
+    // Every pixel is what `expected` says of its place.
+    template <class Expected>
+    static void expectEach(const Picture& picture, Expected&& expected) {
+        for (SDL_Point at = {}; at.y < picture.height; ++at.y) {
+            for (at.x = 0; at.x < picture.width; ++at.x)
+                ASSERT_EQ(picture.at(at.x, at.y), expected(at)) << at;
+        }
     }
 
     // Draws into the core's framebuffer, from GL's origin on, and leaves it bound as cores do.

@@ -32,7 +32,7 @@ inline std::string lines(ShownMenu menu) {
     return text;
 }
 
-// What comes of bytes that are no UTF-8.
-inline std::string shownInvalid(const std::string& bytes) { return bytes; }
+// What comes of the bytes FF and C0, which are no UTF-8.
+constexpr const char* shownInvalid = "\xFF\xC0";
 
 } // namespace velmora::test

@@ -57,12 +57,7 @@ inline std::string lines(ShownMenu menu) {
     return text;
 }
 
-// What comes of bytes that are no UTF-8: a replacement character each.
-inline std::string shownInvalid(const std::string& bytes) {
-    std::string text;
-    for (std::size_t i = 0; i < bytes.size(); ++i)
-        text += "\xEF\xBF\xBD";
-    return text;
-}
+// What comes of the bytes FF and C0, which are no UTF-8: a replacement character each.
+constexpr const char* shownInvalid = "\xEF\xBF\xBD\xEF\xBF\xBD";
 
 } // namespace velmora::test
