@@ -191,6 +191,9 @@ TEST_F(SdlCalls, ShowEachPictureOnceAndNoneBeforeTheFirst) {
         return made({"SDL_SetRenderDrawBlendMode", "SDL_RenderPresent", "SDL_GL_SwapWindow"},
                     [&] { video.present(); });
     };
+    ASSERT_TRUE(setUp(320, 240));
+    EXPECT_EQ(shown(), Calls{"SDL_GL_SwapWindow"});
+    video.destroy();
     for (int window = 0; window < 2; ++window) {
         ASSERT_TRUE(create());
         EXPECT_EQ(shown(), Calls{});
@@ -200,8 +203,6 @@ TEST_F(SdlCalls, ShowEachPictureOnceAndNoneBeforeTheFirst) {
     video.hud.showMessage = true;
     EXPECT_EQ(shown(), (Calls{"SDL_SetRenderDrawBlendMode 1", "SDL_SetRenderDrawBlendMode 0",
                               "SDL_RenderPresent"}));
-    ASSERT_TRUE(setUp(320, 240));
-    EXPECT_EQ(shown(), Calls{"SDL_GL_SwapWindow"});
 }
 
 TEST_F(SdlCalls, GiveBackEveryTextureRendererAndContext) {

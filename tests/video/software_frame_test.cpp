@@ -120,9 +120,6 @@ TEST_F(SoftwareFrameTest, FramesOfAnyShapeStandCentredBetweenBars) {
 TEST_F(SoftwareFrameTest, FramesThatCannotBeAreDroppedAndThePictureStays) {
     ASSERT_TRUE(video.create("drops", 160, 144));
     showPlain(160, 144, 0x123456);
-    const Picture before = screenshot();
-    EXPECT_EQ(before.at(240, 200), 0x123456U);
-
     constexpr std::size_t pitch = 640;
     const std::vector<Uint32> whole(pitch * 144 / sizeof(Uint32), 0xffffff);
     const void* data = whole.data();
@@ -141,12 +138,15 @@ TEST_F(SoftwareFrameTest, FramesThatCannotBeAreDroppedAndThePictureStays) {
         for (const auto& [pixels, width, height, rowBytes] : drops)
             video.upload(pixels, width, height, rowBytes);
     }
+    resize(400, 432); // so that the picture is drawn anew
     presentForReading();
-    EXPECT_TRUE(screenshot() == before);
+    const Picture kept = screenshot();
+    EXPECT_EQ(kept.at(5, 5), bars);
+    EXPECT_EQ(kept.at(200, 216), 0x123456U);
 
     video.upload(data, INT_MAX / 4, INT_MAX, INT_MAX);
     showPlain(160, 144, 0x123456);
-    EXPECT_TRUE(screenshot() == before) << "a frame too large for the renderer costs only itself";
+    EXPECT_TRUE(screenshot() == kept) << "a frame too large for the renderer costs only itself";
     video.setPixelFormat(RETRO_PIXEL_FORMAT_RGB565);
     video.upload(data, 160, 1, INT_MAX);
     presentForReading();

@@ -48,9 +48,7 @@ TEST_F(WindowTest, AbsurdSizesFailAndLeaveNothingOpen) {
 }
 
 TEST_F(WindowTest, EverythingIsSafeWithoutAWindow) {
-    const Uint32 pixel = 0;
     video.setTitle("forgotten");
-    video.upload(&pixel, 1, 1, 4);
     video.upload(RETRO_HW_FRAME_BUFFER_VALID, 1, 1, 0);
     video.resizeHardwareBuffers(100, 100);
     video.present();
