@@ -122,7 +122,7 @@ TEST_F(HardwareFrameTest, AResizeGivesTheSizeAskedForAndAbsurdOnesCostNothing) {
     EXPECT_EQ(screenshot().at(799, 599), 0xff00ffU);
 }
 
-TEST_F(HardwareFrameTest, AResizeGivesTheOldBuffersBack) {
+TEST_F(HardwareFrameTest, NoBuffersPileUpOverResizesAndOverlays) {
     retro_hw_render_callback record = request();
     record.depth = true;
     ASSERT_TRUE(video.setupHardware(record, 320, 240)) << SDL_GetError();
@@ -136,6 +136,9 @@ TEST_F(HardwareFrameTest, AResizeGivesTheOldBuffersBack) {
     EXPECT_EQ(objects(), 3);
     video.resizeHardwareBuffers(800, 600);
     EXPECT_EQ(objects(), 3);
+    video.hud.showVolume = true;
+    presentForReading();
+    EXPECT_EQ(objects(), 5) << "the overlay's two, however often it is drawn";
 }
 
 TEST_F(HardwareFrameTest, DepthAndStencilComeAsAskedAlsoAfterAResize) {
