@@ -18,7 +18,9 @@ VELMORA_EMULATOR=$(command -v wine)
 export SDL_AUDIO_DRIVER=dummy
 
 step() { # COMMAND...: its output is shown only when it fails
-    "$@" >"$scratch/step.log" 2>&1 || fail "$*"
+    local status=0
+    "$@" >"$scratch/step.log" 2>&1 || status=$?
+    ended_well $status || fail "$*"
 }
 
 play() { # CORE GAME

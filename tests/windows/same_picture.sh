@@ -12,8 +12,9 @@ play() { # DRIVER NAME PLAYER CORE GAME: leaves its last picture in NAME.bmp
     # Long enough for the scenes to be in full swing.
     command_of "${@:3}" --uncapped --mute --frames 200 --save-dir "$scratch/saves-$2" \
         --screenshot "$scratch/$2.bmp"
-    SDL_VIDEO_DRIVER=$1 SDL_AUDIO_DRIVER=dummy "${command[@]}" >"$scratch/player.log" 2>&1 ||
-        fail "$2: the player ended with $?"
+    local status=0
+    SDL_VIDEO_DRIVER=$1 SDL_AUDIO_DRIVER=dummy "${command[@]}" >"$scratch/player.log" 2>&1 || status=$?
+    ended_well $status || fail "$2: the player ended with $status"
 }
 
 same_picture() { # NAME WINDOWS-CORE CORE GAME
